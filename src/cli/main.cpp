@@ -1,0 +1,356 @@
+// kestrin-cli: the program's logic driven from the command line, JSON out.
+#include <cstdio>
+#include <cstring>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "core/errors.h"
+#include "core/loader.h"
+#include "core/text.h"
+#include "files/turnsheet.h"
+
+#include "demo/demo.h"
+
+using nlohmann::json;
+using namespace kestrin;
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: kestrin-cli --game-dir DIR session\n"
+    "       kestrin-cli --game-dir DIR save-turnsheets\n"
+    "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n";
+
+int usage(const std::string& why = {}) {
+    if (!why.empty()) std::cerr << "kestrin-cli: " << why << "\n";
+    std::cerr << kUsage;
+    return 2;
+}
+
+// Game text is Windows-1252; JSON is UTF-8.
+std::string u(const std::string& s) { return cp1252ToUtf8(s); }
+
+template <typename T, size_t N>
+json arr(const std::array<T, N>& a) {
+    json j = json::array();
+    for (const auto& v : a) j.push_back(v);
+    return j;
+}
+
+template <size_t N>
+json textArr(const std::array<std::string, N>& a) {
+    json j = json::array();
+    for (const auto& v : a) j.push_back(u(v));
+    return j;
+}
+
+json toJson(const CoachOrder& c) { return {{"Player", u(c.Player)}, {"Skill", c.Skill}}; }
+
+json toJson(const Player& p) {
+    json j = json::object();
+    j["Name"] = u(p.Name);
+    j["Position"] = u(p.Position);
+    j["Nationality"] = u(p.Nationality);
+    j["Age"] = p.Age;
+    for (int i = 0; i < 11; ++i) j[std::string(kSkillNames[size_t(i)])] = p.skill(i);
+    j["TotalSkill"] = p.TotalSkill;
+    j["RealSkill"] = p.RealSkill;
+    j["Injury"] = p.Injury;
+    j["SuspPoints"] = p.SuspPoints;
+    j["Bookings"] = p.Bookings;
+    j["SendingsOff"] = p.SendingsOff;
+    j["Skill"] = p.Skill;
+    j["BookTally"] = p.BookTally;
+    j["CurrentInternational"] = u(p.CurrentInternational);
+    j["Listed"] = u(p.Listed);
+    j["LastIntShirt"] = p.LastIntShirt;
+    j["Sign"] = p.Sign;
+    j["TLFigure"] = p.TLFigure;
+    j["Agg"] = p.Agg;
+    j["AverageSeasonPerf"] = p.AverageSeasonPerf;
+    j["Goals"] = p.Goals;
+    j["Value"] = p.Value;
+    j["Contract"] = p.Contract;
+    j["LoanLength"] = p.LoanLength;
+    j["WeeksInReserves"] = p.WeeksInReserves;
+    j["LoaningClub"] = u(p.LoaningClub);
+    j["Wages"] = p.Wages;
+    j["CareerApps"] = p.CareerApps;
+    j["CareerGoals"] = p.CareerGoals;
+    j["InterCaps"] = p.InterCaps;
+    j["InterGoals"] = p.InterGoals;
+    j["CareerPerf"] = p.CareerPerf;
+    j["LastFivePerf"] = arr(p.LastFivePerf);
+    j["Potential"] = p.Potential;
+    j["SpecialSkill"] = u(p.SpecialSkill);
+    j["CareerExtraA"] = p.CareerExtraA;
+    j["CareerExtraB"] = p.CareerExtraB;
+    j["LastShirt"] = p.LastShirt;
+    j["Portrait"] = arr(p.Portrait);
+    return j;
+}
+
+json toJson(const Fixture& f) {
+    json j = json::object();
+    j["Venue"] = u(f.Venue);
+    j["Competition"] = u(f.Competition);
+    j["Opponent"] = u(f.Opponent);
+    j["Tactics"] = f.Tactics;
+    j["Penalties"] = f.Penalties;
+    j["Corners"] = f.Corners;
+    j["Captain"] = f.Captain;
+    j["FreeKicks"] = f.FreeKicks;
+    j["CornersAiming"] = f.CornersAiming;
+    j["Defence"] = f.Defence;
+    j["Midfield"] = f.Midfield;
+    j["Attack"] = f.Attack;
+    j["DefAgg"] = f.DefAgg;
+    j["MidAgg"] = f.MidAgg;
+    j["AttAgg"] = f.AttAgg;
+    j["Revolver"] = f.Revolver;
+    j["Snappy"] = f.Snappy;
+    j["Pace"] = f.Pace;
+    j["PassLength"] = f.PassLength;
+    j["PassHeight"] = f.PassHeight;
+    j["ChangeOneTime"] = f.ChangeOneTime;
+    j["ChangeOneFormation"] = arr(f.ChangeOneFormation);
+    j["ChangeOneTactic"] = arr(f.ChangeOneTactic);
+    j["ChangeTwoTime"] = f.ChangeTwoTime;
+    j["ChangeTwoFormation"] = arr(f.ChangeTwoFormation);
+    j["ChangeTwoTactic"] = arr(f.ChangeTwoTactic);
+    j["SubOneTime"] = f.SubOneTime;
+    j["SubOneAction"] = arr(f.SubOneAction);
+    j["SubTwoTime"] = f.SubTwoTime;
+    j["SubTwoAction"] = arr(f.SubTwoAction);
+    json slots = json::array();
+    for (const TeamSlot& s : f.Slots)
+        slots.push_back({{"Player", u(s.Player)}, {"Left", s.Left}, {"Top", s.Top}, {"Left2", s.Left2}, {"Top2", s.Top2}});
+    j["Slots"] = slots;
+    return j;
+}
+
+json toJson(const Club& c) {
+    json j = json::object();
+    j["Name"] = u(c.Name);
+    j["ClubFile"] = u(c.ClubFile);
+    j["Colours"] = u(c.Colours);
+    j["LeagueNumber"] = u(c.LeagueNumber);
+    j["Credits"] = c.Credits;
+    j["StampCredits"] = c.StampCredits;
+    j["Stadium"] = u(c.Stadium);
+    j["Capacity"] = c.Capacity;
+    j["Facilities"] = c.Facilities;
+    j["TicketPrice"] = c.TicketPrice;
+    j["SeasonTicketHolders"] = c.SeasonTicketHolders;
+    j["PotentialCrowd"] = c.PotentialCrowd;
+    j["CrowdRating"] = c.CrowdRating;
+    j["GamesPlayed"] = c.GamesPlayed;
+    j["AverageGate"] = c.AverageGate;
+    j["RecentPerformance"] = c.RecentPerformance;
+    j["MainSponsor"] = u(c.MainSponsor);
+    j["CapacityUpgrade"] = u(c.CapacityUpgrade);
+    j["FacilityUpgrade"] = u(c.FacilityUpgrade);
+    j["DepartmentUpgrade"] = u(c.DepartmentUpgrade);
+    j["CapacityOrder"] = u(c.CapacityOrder);
+    j["FacilityOrder"] = u(c.FacilityOrder);
+    j["BettingOrder"] = u(c.BettingOrder);
+    j["DepartmentOrder"] = u(c.DepartmentOrder);
+    j["GoalkeeperCoach"] = c.GoalkeeperCoach;
+    j["GoalkeeperSenior"] = toJson(c.GoalkeeperSenior);
+    j["GoalkeeperYouth"] = toJson(c.GoalkeeperYouth);
+    j["DefenceCoach"] = c.DefenceCoach;
+    j["DefenceSenior"] = toJson(c.DefenceSenior);
+    j["DefenceYouth"] = toJson(c.DefenceYouth);
+    j["MidfieldCoach"] = c.MidfieldCoach;
+    j["MidfieldSenior"] = toJson(c.MidfieldSenior);
+    j["MidfieldYouth"] = toJson(c.MidfieldYouth);
+    j["AttackCoach"] = c.AttackCoach;
+    j["AttackSenior"] = toJson(c.AttackSenior);
+    j["AttackYouth"] = toJson(c.AttackYouth);
+    j["Groundsman"] = c.Groundsman;
+    j["Physio"] = c.Physio;
+    j["PhysioPlayer"] = textArr(c.PhysioPlayer);
+    j["PhysioPoints"] = arr(c.PhysioPoints);
+    j["PhysioPointsLeft"] = c.PhysioPointsLeft;
+    j["Scout"] = c.Scout;
+    j["Marketing"] = c.Marketing;
+    j["BlendAverages"] = u(c.BlendAverages);
+    j["BlendPassing"] = c.BlendPassing;
+    j["BlendCrossing"] = c.BlendCrossing;
+    j["WageBill"] = c.WageBill;
+    j["Costs"] = c.Costs;
+    j["GateMoney"] = c.GateMoney;
+    j["Merchandise"] = c.Merchandise;
+    j["Sponsorship"] = c.Sponsorship;
+    j["SundriesIn"] = c.SundriesIn;
+    j["SundriesOut"] = c.SundriesOut;
+    j["MoneyBet"] = c.MoneyBet;
+    j["BettingWinnings"] = c.BettingWinnings;
+    j["TransfersRecouped"] = c.TransfersRecouped;
+    j["TransfersSpent"] = c.TransfersSpent;
+    j["Balance"] = c.Balance;
+    j["OneToOnePlayer"] = u(c.OneToOnePlayer);
+    j["OneToOneInstruction"] = c.OneToOneInstruction;
+    j["Messages"] = u(c.Messages);
+    j["PrivateMessages"] = u(c.PrivateMessages);
+    j["Private"] = u(c.Private);
+    j["FixtureCount"] = c.FixtureCount;
+    json players = json::array();
+    for (const Player& p : c.Players) players.push_back(toJson(p));
+    j["Players"] = players;
+    json fixtures = json::array();
+    for (const Fixture& f : c.Fixtures) fixtures.push_back(toJson(f));
+    j["Fixtures"] = fixtures;
+    j["ScoutPlayer"] = textArr(c.ScoutPlayer);
+    j["ScoutAggressive"] = arr(c.ScoutAggressive);
+    j["ScoutClub"] = textArr(c.ScoutClub);
+    json report = json::array();
+    for (const auto& l : c.ReportLines) report.push_back(u(l));
+    j["ReportLines"] = report;
+    json moves = json::array();
+    for (const Movement& m : c.Movements)
+        moves.push_back({{"Move", m.Move}, {"Player", u(m.Player)}, {"Club", u(m.Club)}, {"Fee", m.Fee},
+                         {"Contract", m.Contract}, {"Incentive", m.Incentive}});
+    j["Movements"] = moves;
+    return j;
+}
+
+json sessionJson(const Session& s) {
+    json j = json::object();
+    j["GameName"] = u(s.Game.GameName);
+    j["Charset"] = s.Game.Charset;
+    j["Currency"] = u(s.Game.Currency);
+    j["ShortName"] = u(s.Game.ShortName);
+    j["AdminAddress"] = u(s.Game.AdminAddress);
+    j["LeagueNames"] = textArr(s.Game.LeagueNames);
+    j["LeagueCodes"] = textArr(s.Game.LeagueCodes);
+    j["TurnStamp"] = u(s.TurnStamp);
+    j["TodayText"] = s.TodayText;
+    j["InjuryLimit"] = s.InjuryLimit;
+    j["SuspensionLimit"] = s.SuspensionLimit;
+    j["SameTurn"] = s.SameTurn;
+    j["ClubCount"] = s.ClubCount();
+    j["CurrentClub"] = s.CurrentClub;
+    json clubs = json::array();
+    for (const Club& c : s.Clubs) clubs.push_back(toJson(c));
+    j["Clubs"] = clubs;
+    json exportClubs = json::array();
+    for (const ExportClub& e : s.ExportClubs) {
+        json players = json::array();
+        for (const ExportPlayer& p : e.Players)
+            players.push_back({{"Name", u(p.Name)}, {"Age", u(p.Age)}, {"Position", u(p.Position)},
+                               {"TotalSkill", u(p.TotalSkill)}, {"Sign", u(p.Sign)}, {"Played", u(p.Played)},
+                               {"Perf", u(p.Perf)}, {"Goals", u(p.Goals)}, {"MinValue", p.MinValue},
+                               {"MaxValue", u(p.MaxValue)}, {"Portrait", arr(p.Portrait)},
+                               {"Colours", u(p.Colours)}, {"Loan", p.Loan}, {"LoanClub", u(p.LoanClub)},
+                               {"Managed", u(p.Managed)}});
+        exportClubs.push_back({{"Name", u(e.Name)}, {"Players", players}});
+    }
+    j["ExportClubs"] = exportClubs;
+    json problems = json::array();
+    for (const auto& p : s.LoadProblems) problems.push_back(u(p));
+    j["LoadProblems"] = problems;
+    return j;
+}
+
+// Messages on the command line: told on stderr, questions take their default.
+class CliMessages : public Messages {
+public:
+    bool anyProblem = false;
+    void refuse(const std::string& t, const std::string& x) override { say(t, x), anyProblem = true; }
+    void warn(const std::string& t, const std::string& x) override { say(t, x), anyProblem = true; }
+    void inform(const std::string& t, const std::string& x) override { say(t, x); }
+    bool ask(const std::string& t, const std::string& x) override {
+        say(t, x + " [answered Yes]");
+        return true;
+    }
+
+private:
+    static void say(const std::string& t, const std::string& x) {
+        std::string text = cp1252ToUtf8(x);
+        for (char& c : text)
+            if (c == '\r') c = ' ';
+        std::cerr << cp1252ToUtf8(t) << ": " << text << "\n";
+    }
+};
+
+int runSession(const std::string& dir) {
+    CliMessages messages;
+    Session s = loadSession(dir, messages);
+    std::cout << sessionJson(s).dump(1) << "\n";
+    return (s.GameIniMissing || !s.LoadProblems.empty()) ? 1 : 0;
+}
+
+int runSaveTurnsheets(const std::string& dir) {
+    CliMessages messages;
+    Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) return 1;
+    try {
+        json out = json::array();
+        for (const auto& p : saveTurnsheets(s, messages)) out.push_back(p.string());
+        std::cout << out.dump(1) << "\n";
+    } catch (const WriteError& e) {
+        std::cerr << "The turnsheet " << e.path << " could not be written: " << e.reason
+                  << ". The previous file is left as it was.\n";
+        return 1;
+    }
+    return s.LoadProblems.empty() ? 0 : 1;
+}
+
+int runDemo(const std::vector<std::string>& args) {
+    if (args.size() < 2) return usage("demo needs a folder");
+    DemoOptions o;
+    for (size_t i = 2; i < args.size(); ++i) {
+        auto number = [&](const char* flag) -> long long {
+            if (i + 1 >= args.size()) throw std::invalid_argument(std::string(flag) + " needs a number");
+            return std::stoll(args[++i]);
+        };
+        if (args[i] == "--clubs") o.clubs = int(number("--clubs"));
+        else if (args[i] == "--export-clubs") o.exportClubs = int(number("--export-clubs"));
+        else if (args[i] == "--seed") o.seed = uint64_t(number("--seed"));
+        else if (args[i] == "--weeks") o.weeks = int(number("--weeks"));
+        else if (args[i] == "--large") o = largeDemoOptions();
+        else throw std::invalid_argument("unknown option " + args[i]);
+    }
+    if (o.clubs < 1 || o.exportClubs < o.clubs || o.weeks < 1) throw std::invalid_argument("sizes out of range");
+    makeDemoLeague(args[1], o);
+    CliMessages messages;
+    Session s = loadSession(args[1], messages);
+    json out = {{"GameFolder", args[1]}, {"GameName", u(s.Game.GameName)}, {"ClubCount", s.ClubCount()},
+                {"ExportClubs", s.ExportClubs.size()}, {"TurnStamp", u(s.TurnStamp)}};
+    std::cout << out.dump(1) << "\n";
+    return s.LoadProblems.empty() ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::vector<std::string> args(argv + 1, argv + argc);
+    if (args.empty()) return usage();
+    try {
+        if (args[0] == "--game-dir") {
+            if (args.size() < 3) return usage("--game-dir needs a folder and a command");
+            const std::string& dir = args[1];
+            const std::string& cmd = args[2];
+            if (cmd == "session" && args.size() == 3) return runSession(dir);
+            if (cmd == "save-turnsheets" && args.size() == 3) return runSaveTurnsheets(dir);
+            return usage("unknown command: " + cmd);
+        }
+        if (args[0] == "demo") {
+            return runDemo(args);
+        }
+        return usage("unknown command: " + args[0]);
+    } catch (const GameFileError& e) {
+        std::cerr << e.what() << "\n";
+        return 1;
+    } catch (const WriteError& e) {
+        std::cerr << e.what() << "\n";
+        return 1;
+    } catch (const std::invalid_argument& e) {
+        return usage(e.what());
+    } catch (const std::out_of_range& e) {
+        return usage("a number is out of range");
+    }
+}

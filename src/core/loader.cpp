@@ -1,0 +1,195 @@
+#include "core/loader.h"
+
+#include <ctime>
+
+#include "core/errors.h"
+#include "core/text.h"
+#include "files/clubexport.h"
+#include "files/squadsheet.h"
+#include "files/turnsheet.h"
+#include "match/pitch.h"
+
+namespace kestrin {
+
+std::string firstRunWelcomeText(const GameIni& game) {
+    return "Welcome to " + game.GameName + "!\r\n\r\nUpon pressing 'OK', you will be directed to the " +
+           game.ShortName +
+           " Main Menu.\r\n\r\nPlease select the 'Load New Turn' option, where you will be asked to select the "
+           "\r\nsquad and weekly zip files that have been sent to you.\r\n\r\nYou will recieve new zip files at the "
+           "start of each turn, where you can press the 'Load New Turn' button to load them.";
+}
+
+std::string unreadableFileText(const std::string& kind, const GameFileError& e, const std::string& consequence) {
+    std::string s = "The " + kind + " " + e.file + " could not be read: " + e.detail() + ".";
+    if (!consequence.empty()) s += "\r\n\r\n" + consequence;
+    return s;
+}
+
+namespace {
+
+std::string todayText() {
+    std::time_t t = std::time(nullptr);
+    std::tm tm{};
+    localtime_r(&t, &tm);
+    char buf[16];
+    std::strftime(buf, sizeof buf, "%d/%m/%Y", &tm);
+    return buf;
+}
+
+void placeDefaultShirts(Club& club) {
+    for (Fixture& f : club.Fixtures)
+        for (int shirt = 1; shirt <= 11; ++shirt) {
+            CellPos p = defaultSlotPosition(shirt);
+            f.Slots[size_t(shirt - 1)].Left = p.Left;
+            f.Slots[size_t(shirt - 1)].Top = p.Top;
+        }
+}
+
+void report(Session& s, Messages& messages, const std::string& title, const std::string& text) {
+    s.LoadProblems.push_back(text);
+    messages.warn(title, text);
+}
+
+// Reads one club; its saved orders are taken up before the next club's file.
+void loadClub(Session& s, Messages& messages, const std::string& fileName) {
+    const fs::path path = s.Folder.resolve("Squadsheets") / fileName;
+    Club club;
+    try {
+        std::vector<std::string> lines = readLines(path);
+        std::string stamp = s.TurnStamp;
+        club = readSquadsheet(lines, "Squadsheets/" + fileName, clubFileFromName(fileName), stamp);
+        s.TurnStamp = stamp;
+    } catch (const GameFileError& e) {
+        report(s, messages, "Squadsheet could not be read",
+               unreadableFileText("Squadsheet", e,
+                                  "This club is left out of the session. Ask your game administrator for a "
+                                  "correct copy of the file, or load the turn's archives again."));
+        return;
+    }
+    const fs::path ts = turnsheetPath(s, club);
+    std::error_code ec;
+    if (fs::exists(ts, ec)) {
+        Club withOrders = club;
+        try {
+            readTurnsheet(withOrders, readLines(ts), s.InjuryLimit, s.SuspensionLimit,
+                          displayName(s.Folder, ts));
+            club = std::move(withOrders);
+        } catch (const GameFileError& e) {
+            placeDefaultShirts(club);
+            report(s, messages, "Turnsheet could not be read",
+                   unreadableFileText("Turnsheet", e,
+                                      "The orders of " + club.Name +
+                                          " start empty. The file itself is left as it is until you save "
+                                          "the turnsheet again."));
+        }
+    } else {
+        placeDefaultShirts(club);
+    }
+    s.Clubs.push_back(std::move(club));
+}
+
+}  // namespace
+
+Session loadSession(const fs::path& gameFolder, Messages& messages, const StatusFn& status) {
+    Session s;
+    s.Folder = GameFolder(gameFolder);
+    s.TodayText = todayText();
+    auto say = [&](std::string_view text) {
+        if (status) status(text);
+    };
+
+    const fs::path iniPath = s.Folder.resolve("game.ini");
+    std::error_code ec;
+    if (!fs::exists(iniPath, ec)) {
+        s.GameIniMissing = true;
+        messages.refuse(kMissingGameIniTitle, kMissingGameIniText);
+        return s;
+    }
+    try {
+        s.Game = readGameIni(iniPath);
+    } catch (const GameFileError& e) {
+        report(s, messages, "game.ini could not be read",
+               unreadableFileText("file", e, "Please contact your game administrator to obtain a correct copy."));
+    }
+
+    s.TurnStamp.clear();
+    s.InjuryLimit = 10;
+    s.SuspensionLimit = 1;
+
+    say("Loading Squadsheets");
+    for (const std::string& name : s.Folder.list("Squadsheets", "*sq*.txt")) loadClub(s, messages, name);
+
+    s.Prefs = readSettings(gameFolder);
+
+    if (s.Clubs.empty()) {
+        s.FirstRun = true;
+        for (const char* dir : {"Squadsheets", "Weekly", "Turnsheet", "Profiles"}) {
+            try {
+                s.Folder.ensureFolder(dir);
+            } catch (const WriteError& e) {
+                report(s, messages, "Folder could not be made",
+                       "The folder " + e.path + " could not be made: " + e.reason +
+                           ". Check that the game folder may be written to.");
+            }
+        }
+        s.Prefs.WarnInc = 1;
+        s.Prefs.SaveProf = 1;
+        messages.inform("Welcome to " + s.Game.GameName + " !", firstRunWelcomeText(s.Game));
+        return s;
+    }
+
+    say("Setting Portraits");  // the portrait pictures are prepared by the screens that show them
+
+    say("Loading Club Squad Details");
+    const fs::path exportPath = s.Folder.resolve("Weekly/clubsqua.txt");
+    try {
+        s.ExportClubs = readClubExport(readLines(exportPath), displayName(s.Folder, exportPath));
+    } catch (const GameFileError& e) {
+        report(s, messages, "Club export could not be read",
+               unreadableFileText("club export", e,
+                                  "Scouting and searching show no clubs until the week's archives are loaded "
+                                  "again with Load New Turn."));
+    }
+
+    say("Loading News");      // news lists: filled by the news screens when they land
+    say("Loading Profiles");  // order profiles: filled by the profile screens when they land
+
+    s.InjuryLimit = s.Prefs.InjuryLimitSetting;
+
+    s.TurnChanged = false;
+    s.SameTurn = true;
+    if (s.TurnStamp != s.Prefs.StoredTurnStamp) {
+        s.Prefs.StoredTurnStamp = s.TurnStamp;
+        try {
+            writeSettings(gameFolder, s.Prefs);
+        } catch (const WriteError& e) {
+            report(s, messages, "Settings could not be saved",
+                   "The settings file " + e.path + " could not be written: " + e.reason +
+                       ". Your settings are kept for this session only.");
+        }
+        s.SameTurn = false;
+    }
+
+    say("Loading Team Information");  // managers list and the report harvest hook in here
+
+    s.CurrentClub = 0;
+
+    if (s.Prefs.WarnNot == 0 && s.Folder.exists("notepad.kst")) {
+        try {
+            for (const std::string& line : readLines(s.Folder.resolve("notepad.kst")))
+                if (!trim(line).empty()) {
+                    messages.inform("Reminder of manager notes",
+                                    "You have notes within the manager notepad.\r\n\r\nThis reminder can be "
+                                    "switched off in the preferences screen if preferred");
+                    break;
+                }
+        } catch (const GameFileError&) {
+            // An unreadable notepad only loses the reminder.
+        }
+    }
+    s.TurnChanged = false;
+    s.FillingScreen = false;
+    return s;
+}
+
+}  // namespace kestrin

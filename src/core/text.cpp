@@ -1,0 +1,275 @@
+#include "core/text.h"
+
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+#include "core/errors.h"
+
+namespace kestrin {
+
+namespace {
+inline char lowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c; }
+inline char upperAscii(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
+inline bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
+}  // namespace
+
+std::string trim(std::string_view s) {
+    size_t b = 0, e = s.size();
+    while (b < e && isBlank(s[b])) ++b;
+    while (e > b && isBlank(s[e - 1])) --e;
+    return std::string(s.substr(b, e - b));
+}
+
+std::string upper(std::string_view s) {
+    std::string r(s);
+    for (char& c : r) c = upperAscii(c);
+    return r;
+}
+
+std::string lower(std::string_view s) {
+    std::string r(s);
+    for (char& c : r) c = lowerAscii(c);
+    return r;
+}
+
+bool equalsNoCase(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i)
+        if (lowerAscii(a[i]) != lowerAscii(b[i])) return false;
+    return true;
+}
+
+bool startsWith(std::string_view s, std::string_view prefix) {
+    return s.size() >= prefix.size() && s.substr(0, prefix.size()) == prefix;
+}
+
+bool startsWithNoCase(std::string_view s, std::string_view prefix) {
+    return s.size() >= prefix.size() && equalsNoCase(s.substr(0, prefix.size()), prefix);
+}
+
+size_t findNoCase(std::string_view hay, std::string_view needle, size_t from) {
+    if (from > hay.size()) return std::string::npos;
+    if (needle.empty()) return from;
+    if (needle.size() > hay.size()) return std::string::npos;
+    const char first = lowerAscii(needle[0]);
+    for (size_t i = from; i + needle.size() <= hay.size(); ++i) {
+        if (lowerAscii(hay[i]) != first) continue;
+        size_t k = 1;
+        while (k < needle.size() && lowerAscii(hay[i + k]) == lowerAscii(needle[k])) ++k;
+        if (k == needle.size()) return i;
+    }
+    return std::string::npos;
+}
+
+std::string markerText(std::string_view line, std::string_view startMarker, std::string_view endMarker) {
+    // Positions are 1-based, as the game's own routine counts them.
+    size_t start;
+    if (startMarker.empty()) {
+        start = 1;
+    } else {
+        size_t at = findNoCase(line, startMarker);
+        size_t place = (at == std::string::npos) ? 0 : at + 1;
+        start = place + startMarker.size();
+    }
+    if (start < 1) start = 1;
+    size_t end;
+    if (endMarker.empty()) {
+        end = line.size() + 1;
+    } else {
+        size_t at = findNoCase(line, endMarker, start - 1);
+        end = (at == std::string::npos) ? 0 : at + 1;
+    }
+    if (line == kNoScheduledMatches) return {};
+    if (end < start) end = line.size() + 1;
+    if (start > line.size()) return {};
+    return std::string(line.substr(start - 1, end - start));
+}
+
+std::string fromColumn(std::string_view line, size_t column1) {
+    if (column1 < 1) column1 = 1;
+    if (column1 > line.size()) return {};
+    return std::string(line.substr(column1 - 1));
+}
+
+std::string columns(std::string_view line, size_t column1, size_t width) {
+    if (column1 < 1) column1 = 1;
+    if (column1 > line.size()) return {};
+    return std::string(line.substr(column1 - 1, width));
+}
+
+Tokens::Tokens(std::string_view line, char delimiter) {
+    size_t i = 0;
+    const size_t n = line.size();
+    while (i < n) {
+        while (i < n && line[i] == delimiter) ++i;
+        if (i >= n) break;
+        size_t j = i;
+        while (j < n && line[j] != delimiter) ++j;
+        items_.emplace_back(line.substr(i, j - i));
+        i = j;
+    }
+}
+
+const std::string& Tokens::operator[](size_t index1) const {
+    if (!has(index1))
+        throw FieldError("at least " + std::to_string(index1) + " fields", std::to_string(items_.size()) + " fields");
+    return items_[index1 - 1];
+}
+
+double val(std::string_view s) {
+    size_t i = 0;
+    while (i < s.size() && (s[i] == ' ' || s[i] == '\t')) ++i;
+    size_t b = i;
+    if (i < s.size() && (s[i] == '-' || s[i] == '+')) ++i;
+    size_t digitsStart = i;
+    while (i < s.size() && isDigit(s[i])) ++i;
+    if (i < s.size() && s[i] == '.') {
+        ++i;
+        while (i < s.size() && isDigit(s[i])) ++i;
+    }
+    std::string num(s.substr(b, i - b));
+    if (i == digitsStart || num == "-" || num == "+" || num == "." || num == "-." || num == "+.") return 0.0;
+    return std::strtod(num.c_str(), nullptr);
+}
+
+int64_t roundHalfEven(double x) {
+    double r = std::nearbyint(x);  // default rounding mode: to nearest, ties to even
+    return static_cast<int64_t>(r);
+}
+
+namespace {
+// A plain decimal: optional sign, digits, optional fraction. Returns false otherwise.
+bool plainDecimal(const std::string& t, double& out) {
+    size_t i = 0;
+    if (i < t.size() && (t[i] == '-' || t[i] == '+')) ++i;
+    size_t digits = 0;
+    while (i < t.size() && isDigit(t[i])) ++i, ++digits;
+    if (i < t.size() && t[i] == '.') {
+        ++i;
+        while (i < t.size() && isDigit(t[i])) ++i, ++digits;
+    }
+    if (digits == 0 || i != t.size()) return false;
+    out = std::strtod(t.c_str(), nullptr);
+    return std::isfinite(out);
+}
+}  // namespace
+
+double parseDecimal(std::string_view field, bool nullIsZero) {
+    std::string t = trim(field);
+    if (nullIsZero && t == "#NULL#") return 0.0;
+    double d = 0;
+    if (!plainDecimal(t, d)) throw FieldError("a number", std::string(field));
+    return d;
+}
+
+int16_t parseInt16(std::string_view field, bool nullIsZero) {
+    double d = parseDecimal(field, nullIsZero);
+    int64_t r = roundHalfEven(d);
+    if (std::fabs(d) > 1e12 || r < std::numeric_limits<int16_t>::min() || r > std::numeric_limits<int16_t>::max())
+        throw FieldError("a number from -32768 to 32767", std::string(field));
+    return static_cast<int16_t>(r);
+}
+
+int32_t parseInt32(std::string_view field, bool nullIsZero) {
+    double d = parseDecimal(field, nullIsZero);
+    if (std::fabs(d) > 1e12) throw FieldError("a number from -2147483648 to 2147483647", std::string(field));
+    int64_t r = roundHalfEven(d);
+    if (r < std::numeric_limits<int32_t>::min() || r > std::numeric_limits<int32_t>::max())
+        throw FieldError("a number from -2147483648 to 2147483647", std::string(field));
+    return static_cast<int32_t>(r);
+}
+
+std::string gameNumber(int64_t n) {
+    return (n < 0) ? std::to_string(n) : " " + std::to_string(n);
+}
+
+std::string turnsheetNumber(int64_t n) { return gameNumber(n) + " "; }
+
+std::string fixedWidth(std::string_view s, size_t width) {
+    std::string r(s.substr(0, width));
+    r.resize(width, ' ');
+    return r;
+}
+
+std::string padLeft(std::string_view s, size_t width) {
+    if (s.size() >= width) return std::string(s);
+    return std::string(width - s.size(), ' ') + std::string(s);
+}
+
+namespace {
+// Code points of 0x80..0x9F in Windows-1252; 0 marks the five unused bytes.
+constexpr char32_t kCp1252High[32] = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+void appendUtf8(std::string& out, char32_t cp) {
+    if (cp < 0x80) {
+        out += char(cp);
+    } else if (cp < 0x800) {
+        out += char(0xC0 | (cp >> 6));
+        out += char(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+        out += char(0xE0 | (cp >> 12));
+        out += char(0x80 | ((cp >> 6) & 0x3F));
+        out += char(0x80 | (cp & 0x3F));
+    } else {
+        out += char(0xF0 | (cp >> 18));
+        out += char(0x80 | ((cp >> 12) & 0x3F));
+        out += char(0x80 | ((cp >> 6) & 0x3F));
+        out += char(0x80 | (cp & 0x3F));
+    }
+}
+}  // namespace
+
+std::string cp1252ToUtf8(std::string_view s) {
+    std::string out;
+    out.reserve(s.size());
+    for (unsigned char c : s) {
+        if (c < 0x80) {
+            out += char(c);
+        } else if (c < 0xA0) {
+            char32_t cp = kCp1252High[c - 0x80];
+            appendUtf8(out, cp ? cp : char32_t(c));  // unused bytes pass as C1 controls
+        } else {
+            appendUtf8(out, c);
+        }
+    }
+    return out;
+}
+
+std::string utf8ToCp1252(std::string_view s) {
+    std::string out;
+    out.reserve(s.size());
+    size_t i = 0;
+    while (i < s.size()) {
+        unsigned char c = s[i];
+        char32_t cp;
+        size_t len;
+        if (c < 0x80) { cp = c; len = 1; }
+        else if ((c & 0xE0) == 0xC0) { cp = c & 0x1F; len = 2; }
+        else if ((c & 0xF0) == 0xE0) { cp = c & 0x0F; len = 3; }
+        else if ((c & 0xF8) == 0xF0) { cp = c & 0x07; len = 4; }
+        else { out += '?'; ++i; continue; }
+        if (i + len > s.size()) { out += '?'; break; }
+        bool ok = true;
+        for (size_t k = 1; k < len; ++k) {
+            unsigned char cc = s[i + k];
+            if ((cc & 0xC0) != 0x80) { ok = false; break; }
+            cp = (cp << 6) | (cc & 0x3F);
+        }
+        if (!ok) { out += '?'; ++i; continue; }
+        i += len;
+        if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) { out += char(cp); continue; }
+        char mapped = '?';
+        for (int k = 0; k < 32; ++k)
+            if (kCp1252High[k] == cp && cp != 0) { mapped = char(0x80 + k); break; }
+        if (mapped == '?' && cp >= 0x80 && cp < 0xA0) mapped = char(cp);
+        out += mapped;
+    }
+    return out;
+}
+
+}  // namespace kestrin
