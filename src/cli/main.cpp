@@ -9,6 +9,7 @@
 #include "core/errors.h"
 #include "core/loader.h"
 #include "core/text.h"
+#include "files/loadturn.h"
 #include "files/turnsheet.h"
 
 #include "demo/demo.h"
@@ -21,6 +22,7 @@ namespace {
 constexpr const char* kUsage =
     "usage: kestrin-cli --game-dir DIR session\n"
     "       kestrin-cli --game-dir DIR save-turnsheets\n"
+    "       kestrin-cli --game-dir DIR load-turn SQUAD.zip WEEKLY.zip\n"
     "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n";
 
 int usage(const std::string& why = {}) {
@@ -299,6 +301,17 @@ int runSaveTurnsheets(const std::string& dir) {
     return s.LoadProblems.empty() ? 0 : 1;
 }
 
+int runLoadTurn(const std::string& dir, const std::string& squadZip, const std::string& weeklyZip) {
+    CliMessages messages;
+    Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) return 1;
+    std::vector<std::string> log;
+    bool ok = loadNewTurn(s, squadZip, weeklyZip, messages, {}, &log);
+    json out = {{"Loaded", ok}, {"Done", log}, {"ClubCount", s.ClubCount()}, {"TurnStamp", u(s.TurnStamp)}};
+    std::cout << out.dump(1) << "\n";
+    return ok ? 0 : 1;
+}
+
 int runDemo(const std::vector<std::string>& args) {
     if (args.size() < 2) return usage("demo needs a folder");
     DemoOptions o;
@@ -336,6 +349,7 @@ int main(int argc, char** argv) {
             const std::string& cmd = args[2];
             if (cmd == "session" && args.size() == 3) return runSession(dir);
             if (cmd == "save-turnsheets" && args.size() == 3) return runSaveTurnsheets(dir);
+            if (cmd == "load-turn" && args.size() == 5) return runLoadTurn(dir, args[3], args[4]);
             return usage("unknown command: " + cmd);
         }
         if (args[0] == "demo") {
