@@ -58,3 +58,27 @@ int historyResultColour(const std::string& result) {
 }
 
 }  // namespace kestrin
+
+namespace kestrin {
+
+std::string makePosition(std::string_view place) {
+    const std::string text = trim(place);
+    const double n = val(text);
+    if (n == 1) return "Champions";
+    if (n == 2) return "Runners up";
+    if (n >= 11 && n <= 19) return text + "th";
+    const char last = text.empty() ? ' ' : text.back();
+    if (last == '1') return text + "st";
+    if (last == '2') return text + "nd";
+    if (last == '3') return text + "rd";
+    return text + "th";
+}
+
+std::string convDate(std::string_view date) {
+    const std::string_view lastTwo = date.size() >= 2 ? date.substr(date.size() - 2) : date;
+    return columns(date, 4, 3) + columns(date, 1, 3) + std::string(lastTwo);
+}
+
+std::string sortDate(std::string_view date) { return columns(date, 7, 4) + columns(date, 4, 2) + columns(date, 1, 2); }
+
+}  // namespace kestrin

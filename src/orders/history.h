@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kestrin {
@@ -31,5 +32,15 @@ int historySkillIndex(const std::string& code);
 // The cell colour of a record's result as 0xRRGGBB: P red, Y green, N yellow;
 // -1 for any other result.
 int historyResultColour(const std::string& result);
+
+// ---- The small date and place routines that the club honours list uses ----
+
+// A league place in words: "1" "Champions", "2" "Runners up", 11 to 19 with
+// "th", any other number with the ending of its last digit ("21st", "3rd").
+std::string makePosition(std::string_view place);
+// DD/MM/YY with day and month swapped: characters 4 to 6, 1 to 3, the last two.
+std::string convDate(std::string_view date);
+// DD/MM/YYYY as YYYYMMDD, which sorts as text.
+std::string sortDate(std::string_view date);
 
 }  // namespace kestrin
