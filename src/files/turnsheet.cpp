@@ -159,6 +159,7 @@ public:
 
     bool atEnd() const { return next_ >= lines_.size(); }
     int lineNo() const { return int(next_); }  // of the line taken last
+    const std::string& last() const { return lines_[next_ - 1]; }
 
     // The next line; running out in the middle of a group is an error.
     const std::string& take(const std::string& wanted) {
@@ -283,7 +284,7 @@ void readTurnsheet(Club& club, const std::vector<std::string>& lines, int injury
             club.DepartmentOrder = in.value(line);
         } else if (line == "Match Number:") {
             const int16_t number = in.number16(line);
-            if (number < 1) in.fail("a match number of 1 or more", std::to_string(number));
+            if (number < 1) in.fail("a match number of 1 or more", in.last());
             if (number > matches) {
                 // A match no longer in the Squadsheet: its group is dropped whole.
                 const std::string wanted = "\"" + std::string(kLastMatchLabel) + "\" closing the dropped match " +
