@@ -13,6 +13,8 @@ public:
     virtual void warn(const std::string& title, const std::string& text) = 0;    // exclamation, OK
     virtual void inform(const std::string& title, const std::string& text) = 0;  // no sign / information
     virtual bool ask(const std::string& title, const std::string& text) = 0;     // Yes/No, exclamation
+    // Yes/No with a question mark, for questions that warn of nothing.
+    virtual bool askQuestion(const std::string& title, const std::string& text) { return ask(title, text); }
 };
 
 // Keeps every message; answers questions from a script (then a default).

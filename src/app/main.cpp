@@ -1,0 +1,63 @@
+// kestrin: the manager's program. `kestrin [GAME_DIR]` runs the game in
+// GAME_DIR, else $KESTRIN_HOME, else ~/Kestrin. `kestrin --snapshot OUTDIR
+// [GAME_DIR]` writes a picture of every screen and exits.
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+#include "ui/look.h"
+#include "ui/mainwindow.h"
+#include "ui/qtmessages.h"
+#include "ui/sessioncontroller.h"
+#include "ui/snapshot.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path defaultGameFolder() {
+    if (const char* home = std::getenv("KESTRIN_HOME"); home && *home) return home;
+    const char* user = std::getenv("HOME");
+    return fs::path(user && *user ? user : ".") / "Kestrin";
+}
+
+int usage() {
+    std::fprintf(stderr, "usage: kestrin [GAME_DIR]\n       kestrin --snapshot OUTDIR [GAME_DIR]\n");
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    bool snapshot = false;
+    fs::path outDir;
+    fs::path gameFolder;
+    int i = 1;
+    if (i < argc && std::strcmp(argv[i], "--snapshot") == 0) {
+        if (i + 1 >= argc) return usage();
+        snapshot = true;
+        outDir = argv[i + 1];
+        i += 2;
+    }
+    if (i < argc) gameFolder = argv[i++];
+    if (i < argc) return usage();
+    if (gameFolder.empty()) gameFolder = defaultGameFolder();
+
+    // Snapshots need no screen at all.
+    if (snapshot && !std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("Kestrin");
+    kestrin::ui::applyLook(app);
+
+    if (snapshot) return kestrin::ui::renderSnapshots(gameFolder, outDir);
+
+    kestrin::ui::QtMessages messages;
+    kestrin::ui::SessionController controller(messages);
+    kestrin::ui::MainWindow window(controller);
+    if (!window.start(gameFolder)) return 1;
+    return app.exec();
+}

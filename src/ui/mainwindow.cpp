@@ -1,0 +1,83 @@
+#include "ui/mainwindow.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QStatusBar>
+
+#include "core/clubview.h"
+#include "ui/mainmenu.h"
+#include "ui/qtext.h"
+#include "ui/squadscreen.h"
+
+namespace kestrin::ui {
+
+MainWindow::MainWindow(SessionController& controller, QWidget* parent)
+    : QMainWindow(parent), controller_(controller), stack_(new QStackedWidget(this)) {
+    setObjectName("MainWindow");
+    setCentralWidget(stack_);
+    resize(1280, 800);
+    setMinimumSize(1100, 720);
+
+    // Select club sets the TeamLists in this order.
+    addScreen(new MainMenu(controller_, stack_));
+    addScreen(new SquadScreen(controller_, stack_));
+
+    connect(&controller_, &SessionController::loadStarted, this, [this](const QString& title) {
+        welcome_.setWindowTitle(title);
+        welcome_.setStatus("");
+        if (!interactive_) return;
+        hide();
+        welcome_.show();
+        QCoreApplication::processEvents();
+    });
+    connect(&controller_, &SessionController::loadStatus, &welcome_, &Welcome::setStatus);
+    connect(&controller_, &SessionController::loadFinished, this, [this] {
+        showScreen("MainMenu");
+        if (!interactive_) return;
+        welcome_.hide();
+        if (!controller_.session().GameIniMissing) show();
+    });
+    connect(&controller_, &SessionController::notice, this,
+            [this](const QString& text) { statusBar()->showMessage(text, 5000); });
+    showScreen("MainMenu");
+}
+
+void MainWindow::addScreen(Screen* screen) {
+    screens_.push_back(screen);
+    stack_->addWidget(screen);
+    controller_.addScreen(screen);
+    connect(screen, &Screen::navigate, this, &MainWindow::showScreen);
+}
+
+bool MainWindow::start(const std::filesystem::path& gameFolder) {
+    interactive_ = true;
+    return controller_.load(gameFolder);
+}
+
+void MainWindow::showScreen(const QString& name) {
+    if (Screen* s = screen(name)) stack_->setCurrentWidget(s);
+    updateTitle();
+}
+
+Screen* MainWindow::screen(const QString& name) const {
+    for (Screen* s : screens_)
+        if (s->objectName() == name) return s;
+    return nullptr;
+}
+
+Screen* MainWindow::currentScreen() const { return static_cast<Screen*>(stack_->currentWidget()); }
+
+void MainWindow::updateTitle() {
+    if (Screen* s = currentScreen())
+        setWindowTitle(qs(screenTitle(controller_.session().Game, gameText(s->title()))));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!exitStarted_) {
+        exitStarted_ = true;
+        controller_.closing();
+    }
+    event->accept();
+}
+
+}  // namespace kestrin::ui

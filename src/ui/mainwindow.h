@@ -1,0 +1,45 @@
+#pragma once
+// The program's one window: a stack of screens, the main menu first. It shows
+// Welcome while the session loads and asks to save on closing.
+#include <QMainWindow>
+#include <QStackedWidget>
+#include <filesystem>
+#include <vector>
+
+#include "ui/screen.h"
+#include "ui/sessioncontroller.h"
+#include "ui/welcome.h"
+
+namespace kestrin::ui {
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MainWindow(SessionController& controller, QWidget* parent = nullptr);
+
+    // Loads the game with Welcome showing, then shows the main menu. Returns
+    // false when there is no game to show (game.ini missing).
+    bool start(const std::filesystem::path& gameFolder);
+
+    void showScreen(const QString& name);
+    Screen* screen(const QString& name) const;
+    Screen* currentScreen() const;
+    const std::vector<Screen*>& screens() const { return screens_; }
+    Welcome& welcome() { return welcome_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void addScreen(Screen* screen);
+    void updateTitle();
+
+    SessionController& controller_;
+    QStackedWidget* stack_;
+    std::vector<Screen*> screens_;
+    Welcome welcome_;
+    bool interactive_ = false;  // Welcome and hiding only when started for the manager
+    bool exitStarted_ = false;
+};
+
+}  // namespace kestrin::ui

@@ -1,0 +1,138 @@
+#include "ui/sessioncontroller.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QGuiApplication>
+
+#include "core/errors.h"
+#include "core/gameini.h"
+#include "core/loader.h"
+#include "ui/qtext.h"
+#include "ui/screen.h"
+
+namespace kestrin::ui {
+
+namespace {
+
+// The busy pointer while files are written.
+struct BusyPointer {
+    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+QString welcomeTitle(const std::filesystem::path& folder) {
+    const GameFolder f(folder);
+    GameIni game;
+    try {
+        if (f.exists("game.ini")) game = readGameIni(f.resolve("game.ini"));
+    } catch (const GameFileError&) {
+        // The loader tells the manager about a bad game.ini.
+    }
+    return qs("Welcome to " + game.GameName + " !");
+}
+
+}  // namespace
+
+SessionController::SessionController(Messages& messages, QObject* parent) : QObject(parent), messages_(messages) {}
+
+void SessionController::addScreen(Screen* screen) { screens_.push_back(screen); }
+
+bool SessionController::load(const std::filesystem::path& gameFolder) {
+    emit loadStarted(welcomeTitle(gameFolder));
+    session_ = loadSession(gameFolder, messages_, [this](std::string_view status) {
+        emit loadStatus(qs(status));
+        QCoreApplication::processEvents();
+    });
+    view_ = ClubView{};
+    if (session_.GameIniMissing) {
+        emit loadFinished();
+        return false;
+    }
+    for (Screen* s : screens_) s->sessionLoaded();
+    if (hasClubs()) selectClub(0);
+    emit loadFinished();
+    return true;
+}
+
+bool SessionController::reload() { return load(session_.Folder.root()); }
+
+void SessionController::selectClub(int index) {
+    if (!hasClubs() || index < 0 || index >= session_.ClubCount()) return;
+    session_.FillingScreen = true;
+    if (view_.ClubSelecting) return;
+    noteClubChoice(session_, view_, index);
+
+    view_.ClubSelecting = true;
+    for (Screen* s : screens_) s->showClubIndex(index);
+    view_.ClubSelecting = false;
+
+    for (Screen* s : screens_) s->fillClub();
+    rebuildOrderLists();
+
+    try {
+        readClubPictures(session_, *session_.current(), view_);
+    } catch (const GameFileError& e) {
+        messages_.warn("Club pictures could not be read",
+                       unreadableFileText("pictures file", e,
+                                          "The built-in badge and shirt are shown. Choosing a badge or a "
+                                          "shirt writes the file anew."));
+    }
+    emit picturesChanged();
+    session_.FillingScreen = false;
+}
+
+void SessionController::rebuildOrderLists() {
+    for (Screen* s : screens_) s->rebuildOrderLists();
+}
+
+void SessionController::chooseWeekly(WeeklyChoice which, const std::string& line) {
+    kestrin::chooseWeekly(session_, which, line);
+}
+
+void SessionController::changePicture(Picture which, const std::string& nativePath) {
+    if (nativePath.empty() || !hasClubs()) return;
+    (which == Picture::Badge ? view_.BadgeFile : view_.ShirtFile) = nativePath;
+    emit picturesChanged();
+    try {
+        writeClubPictures(session_, *session_.current(), view_);
+    } catch (const WriteError& e) {
+        messages_.refuse("Pictures not saved", "The file " + utf8ToCp1252(e.path) + " could not be written: " +
+                                                   e.reason +
+                                                   ".\r\n\r\nThe picture is shown for now; the previous choice "
+                                                   "comes back at the next start.");
+    }
+}
+
+void SessionController::saveTurnsheet() {
+    if (!hasClubs()) return;
+    bool saved;
+    {
+        BusyPointer busy;
+        saved = saveTurnsheetsTelling(session_, messages_);
+    }
+    if (saved) emit notice("Turnsheets saved");
+}
+
+void SessionController::sendTurnsheet() {
+    if (!hasClubs()) return;
+    sendTurnsheetsWithoutMail(session_, messages_);
+}
+
+void SessionController::clearTurns(bool allClubs) {
+    if (!hasClubs()) return;
+    if (!messages_.askQuestion(std::string(kClearTurnTitle), clearTurnQuestion(session_, allClubs))) return;
+    try {
+        deleteTurnsheets(session_, allClubs);
+    } catch (const WriteError& e) {
+        messages_.refuse("Turnsheet not cleared",
+                         "The turnsheet " + utf8ToCp1252(e.path) + " could not be deleted: " + e.reason +
+                             ".\r\n\r\nNothing has been reloaded. Check that the Turnsheet folder can be written "
+                             "to and try again.");
+        return;
+    }
+    reload();
+}
+
+void SessionController::closing() { closingSavePrompt(session_, messages_); }
+
+}  // namespace kestrin::ui

@@ -1,0 +1,73 @@
+#pragma once
+// The one owner of the Session. Every screen reads the session from here and
+// asks the controller to change it, so all screens stay on the same club and
+// the same orders. The controller does no game rule itself: it calls the
+// logic and then tells the screens to refill.
+#include <QObject>
+#include <QString>
+#include <filesystem>
+#include <vector>
+
+#include "core/clubview.h"
+#include "core/messages.h"
+#include "core/session.h"
+
+namespace kestrin::ui {
+
+class Screen;
+
+class SessionController : public QObject {
+    Q_OBJECT
+public:
+    explicit SessionController(Messages& messages, QObject* parent = nullptr);
+
+    Session& session() { return session_; }
+    const Session& session() const { return session_; }
+    ClubView& view() { return view_; }
+    const ClubView& view() const { return view_; }
+    Messages& messages() { return messages_; }
+    bool hasClubs() const { return !session_.Clubs.empty(); }
+
+    // Screens in the order in which Select club sets their TeamList.
+    void addScreen(Screen* screen);
+    const std::vector<Screen*>& screens() const { return screens_; }
+
+    // Runs the session loader on the folder and shows the first club.
+    // Returns false when game.ini is missing (the manager has been told).
+    bool load(const std::filesystem::path& gameFolder);
+    // Runs the loader again on the same folder.
+    bool reload();
+
+    // The one way to change the club on screen; also refills all screens.
+    void selectClub(int index);
+    // After any order taken or removed.
+    void rebuildOrderLists();
+
+    void chooseWeekly(WeeklyChoice which, const std::string& line);
+    enum class Picture { Badge, Shirt };
+    // A picture file chosen by the manager; an empty path changes nothing.
+    void changePicture(Picture which, const std::string& nativePath);
+
+    void saveTurnsheet();
+    void sendTurnsheet();
+    // Asks, deletes the Turnsheets and reloads.
+    void clearTurns(bool allClubs);
+    // The program is closing: the save prompt, once.
+    void closing();
+
+signals:
+    void loadStarted(const QString& welcomeTitle);
+    void loadStatus(const QString& text);
+    void loadFinished();
+    void picturesChanged();
+    // A short note for the status bar ("Turnsheets saved").
+    void notice(const QString& text);
+
+private:
+    Messages& messages_;
+    Session session_;
+    ClubView view_;
+    std::vector<Screen*> screens_;
+};
+
+}  // namespace kestrin::ui

@@ -1,0 +1,42 @@
+#include "ui/widgets.h"
+
+#include <QHBoxLayout>
+
+#include "ui/look.h"
+
+namespace kestrin::ui {
+
+FigureRow::FigureRow(const QString& objectName, QWidget* parent)
+    : QWidget(parent), caption_(new QLabel(this)), value_(new QLabel(this)) {
+    setObjectName(objectName);
+    auto* lay = new QHBoxLayout(this);
+    lay->setContentsMargins(0, 1, 0, 1);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    lay->addWidget(caption_);
+    lay->addStretch(1);
+    lay->addWidget(value_);
+    value_->setFont(fixedFont());
+    value_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    value_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+void FigureRow::setPlainValue() { value_->setFont(font()); }
+
+void FigureRow::setTexts(const QString& caption, const QString& value) {
+    caption_->setText(caption);
+    value_->setText(value);
+}
+
+QPushButton* makeButton(const QString& objectName, const QString& caption, QWidget* parent) {
+    auto* b = new QPushButton(caption, parent);
+    b->setObjectName(objectName);
+    return b;
+}
+
+void markComingSoon(QPushButton* button, const QString& what) {
+    button->setEnabled(false);
+    button->setToolTip("Coming soon: " + what);
+    button->setProperty("comingSoon", true);
+}
+
+}  // namespace kestrin::ui

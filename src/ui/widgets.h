@@ -1,0 +1,34 @@
+#pragma once
+// Small widgets that several screens share.
+#include <QLabel>
+#include <QPushButton>
+#include <QString>
+#include <QWidget>
+
+namespace kestrin::ui {
+
+// One label of the game: its caption on the left, its figure right-aligned in
+// a fixed-pitch font. fullText() is the label as the game words it.
+class FigureRow : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(QString fullText READ fullText)
+public:
+    explicit FigureRow(const QString& objectName, QWidget* parent = nullptr);
+    void setTexts(const QString& caption, const QString& value);
+    // Words rather than a figure: the screen's own font.
+    void setPlainValue();
+    QString fullText() const { return caption_->text() + value_->text(); }
+
+private:
+    QLabel* caption_;
+    QLabel* value_;
+};
+
+// A push button with its control name.
+QPushButton* makeButton(const QString& objectName, const QString& caption, QWidget* parent = nullptr);
+
+// A button of a screen that is not built yet: present, switched off, and
+// saying what is coming.
+void markComingSoon(QPushButton* button, const QString& what);
+
+}  // namespace kestrin::ui

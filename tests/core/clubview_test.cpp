@@ -1,0 +1,598 @@
+#include <gtest/gtest.h>
+
+#include "core/clubview.h"
+#include "core/errors.h"
+#include "core/gamefolder.h"
+#include "core/text.h"
+#include "files/turnsheet.h"
+#include "support/testsupport.h"
+
+using namespace kestrin;
+using kestrin::test::TempDir;
+
+namespace {
+
+Player makePlayer(const std::string& name, const std::string& position, int age, int lastShirt) {
+    Player p;
+    p.Name = name;
+    p.Position = position;
+    p.Age = int16_t(age);
+    p.LastShirt = int16_t(lastShirt);
+    p.Sign = 12;
+    p.Contract = 3;
+    p.Injury = 0;
+    for (int s = 0; s < 11; ++s) p.skill(s) = int16_t(10 + s);
+    p.Agg = 4;
+    p.TotalSkill = 165;
+    return p;
+}
+
+Club makeClub(const std::string& name, const std::string& clubFile) {
+    Club c;
+    c.Name = name;
+    c.ClubFile = clubFile;
+    c.LeagueNumber = "E1";
+    c.Players = {makePlayer("Ann Keeper", "AGKP", 30, 1), makePlayer("Bo Back", "DEFC", 18, 0),
+                 makePlayer("Cy Kid", "MIDL", 17, 14), makePlayer("Di Striker", "STRR", 24, 9)};
+    return c;
+}
+
+Session makeSession(const TempDir& dir, int clubs) {
+    Session s;
+    s.Folder = GameFolder(dir.path());
+    s.Game.GameName = "Test League";
+    s.Game.Currency = "\xA3";
+    s.Game.AdminAddress = "admin@example.org";
+    s.Prefs = defaultSettings(dir.path());
+    for (int i = 0; i < clubs; ++i) {
+        std::string file = std::string(1, char('a' + i)) + "club";
+        s.Clubs.push_back(makeClub("Club " + std::string(1, char('A' + i)), file));
+    }
+    return s;
+}
+
+void setLevels(Club& c, std::array<int, 7> l) {
+    c.GoalkeeperCoach = int16_t(l[0]);
+    c.DefenceCoach = int16_t(l[1]);
+    c.MidfieldCoach = int16_t(l[2]);
+    c.AttackCoach = int16_t(l[3]);
+    c.Physio = int16_t(l[4]);
+    c.Groundsman = int16_t(l[5]);
+    c.Scout = int16_t(l[6]);
+}
+
+}  // namespace
+
+TEST(ClubView, DepartmentLinesPairEveryRaiseWithEveryOtherCut) {
+    struct Case {
+        const char* why;
+        std::array<int, 7> levels;  // GK, Def, Mid, Att, Physio, Groundsman, Scout
+        std::vector<std::string> extra;
+    } cases[] = {
+        {"nothing above 6 can fall", {5, 5, 5, 5, 5, 5, 6}, {}},
+        {"nothing below 10 can rise", {10, 10, 10, 10, 10, 10, 10}, {}},
+        {"the only one above 6 falls against each of the others",
+         {7, 6, 6, 6, 6, 6, 6},
+         {"Increase Defence Coach to  7, Decrease Goalkeeper Coach to  6",
+          "Increase Midfield Coach to  7, Decrease Goalkeeper Coach to  6",
+          "Increase Attack Coach to  7, Decrease Goalkeeper Coach to  6",
+          "Increase Physio to  7, Decrease Goalkeeper Coach to  6",
+          "Increase Groundsman to  7, Decrease Goalkeeper Coach to  6",
+          "Increase Scout to  7, Decrease Goalkeeper Coach to  6"}},
+        {"the only one below 10 rises, never against itself",
+         {10, 10, 10, 10, 10, 10, 9},
+         {"Increase Scout to  10, Decrease Goalkeeper Coach to  9", "Increase Scout to  10, Decrease Defence Coach to  9",
+          "Increase Scout to  10, Decrease Midfield Coach to  9", "Increase Scout to  10, Decrease Attack Coach to  9",
+          "Increase Scout to  10, Decrease Physio to  9", "Increase Scout to  10, Decrease Groundsman to  9"}},
+        {"raise first, then cut, both in the fixed order of the departments",
+         {6, 6, 6, 6, 6, 8, 9},
+         {"Increase Goalkeeper Coach to  7, Decrease Groundsman to  7",
+          "Increase Goalkeeper Coach to  7, Decrease Scout to  8",
+          "Increase Defence Coach to  7, Decrease Groundsman to  7", "Increase Defence Coach to  7, Decrease Scout to  8",
+          "Increase Midfield Coach to  7, Decrease Groundsman to  7",
+          "Increase Midfield Coach to  7, Decrease Scout to  8",
+          "Increase Attack Coach to  7, Decrease Groundsman to  7", "Increase Attack Coach to  7, Decrease Scout to  8",
+          "Increase Physio to  7, Decrease Groundsman to  7", "Increase Physio to  7, Decrease Scout to  8",
+          "Increase Groundsman to  9, Decrease Scout to  8", "Increase Scout to  10, Decrease Groundsman to  7"}},
+    };
+    for (const Case& c : cases) {
+        Club club;
+        setLevels(club, c.levels);
+        std::vector<std::string> want(kDepartmentFixedLines.begin(), kDepartmentFixedLines.end());
+        want.insert(want.end(), c.extra.begin(), c.extra.end());
+        EXPECT_EQ(departmentLines(club), want) << c.why;
+    }
+    // The fixed lines themselves, in their order.
+    Club club;
+    setLevels(club, {5, 5, 5, 5, 5, 5, 5});
+    EXPECT_EQ(departmentLines(club),
+              (std::vector<std::string>{"No department increase this week", "GK Coach Department increase",
+                                        "Def Coach Department increase", "Mid Coach Department increase",
+                                        "Att Coach Department increase", "Physio Department increase",
+                                        "Groundsman Department increase", "Marketing Department increase",
+                                        "Scout Department increase"}));
+}
+
+TEST(ClubView, MainMenuLabelsInTheirWordsAndOrder) {
+    Club c;
+    c.Credits = 12;
+    c.StampCredits = 0;
+    c.Stadium = "Old Road";
+    c.Capacity = 25000;
+    c.Facilities = 3;
+    c.CapacityUpgrade = "Action capacity increase";
+    c.FacilityUpgrade = "";
+    c.DepartmentUpgrade = "2 weeks to Physio";
+    c.GamesPlayed = 7;
+    c.AverageGate = 18000;
+    c.PotentialCrowd = 21000;
+    c.SeasonTicketHolders = 9000;
+    c.CrowdRating = 45;
+    setLevels(c, {1, 2, 3, 4, 5, 6, 7});
+    c.Marketing = 8;
+    c.WageBill = 41000;
+    c.Costs = 500;
+    c.GateMoney = 120000;
+    c.Merchandise = 3000;
+    c.Sponsorship = 10000;
+    c.SundriesIn = 1;
+    c.SundriesOut = 2;
+    c.MoneyBet = 0;
+    c.BettingWinnings = 0;
+    c.TransfersRecouped = 0;
+    c.TransfersSpent = 75000;
+    c.Balance = -1234;
+    GameIni g;
+    g.Currency = "\xA3";
+
+    std::vector<std::string> texts;
+    for (const MenuLabel& l : mainMenuLabels(c, g)) texts.push_back(l.text());
+    const std::vector<std::string> want = {
+        " Number of credits:  12", " Number of stamp credits:  0", " Stadium: Old Road", " Capacity:  25000",
+        " Facilities:  3", "Action capacity increase", "", "2 weeks to Physio", " Games played:  7",
+        " Average gate:  18000", " Potential crowd:  21000", " Season ticket holders:  9000", " Crowd rating:  45",
+        " Goalkeeper coach:  1", " Defence coach:  2", " Midfield coach:  3", " Attack coach:  4",
+        " Groundsman:  6", " Physio:  5", " Scout:  7", " Marketing:  8", " Wage bill: \xA3  41000",
+        " Costs: \xA3  500", " Gate money: \xA3  120000", " Merchandise: \xA3  3000", " Sponsorship: \xA3  10000",
+        " Sundries in: \xA3  1", " Sundries out: \xA3  2", " Money bet: \xA3  0", " Bet winnings: \xA3  0",
+        " Transfers recouped: \xA3  0", " Transfers spent: \xA3  75000", " Bank Balance: \xA3 -1234"};
+    EXPECT_EQ(texts, want);
+}
+
+TEST(ClubView, PendingWorksAndDefaultOrders) {
+    struct Case {
+        const char* why;
+        std::string capUp, facUp, deptUp;
+        std::string bet, cap, fac, dept;  // orders before
+        bool capOn, facOn, deptOn;
+        std::string betAfter, capAfter, facAfter, deptAfter;
+    } cases[] = {
+        {"empty orders take their defaults", "", "", "", "", "", "", "", true, true, true, "No betting this week",
+         "No capacity increase this week", "No facility increase this week", "No department increase this week"},
+        {"capacity works under way switch the box off and undo the order", "Action capacity increase", "", "",
+         "Bet this week", "Action capacity increase", "", "", false, true, true, "Bet this week",
+         "No capacity increase this week", "No facility increase this week", "No department increase this week"},
+        {"the word is found in any case", "Capacity works in action", "facility action 2 weeks", "", "", "", "",
+         "", false, false, true, "No betting this week", "No capacity increase this week",
+         "No facility increase this week", "No department increase this week"},
+        {"a department upgrade with weeks to go", "", "", "3 weeks left on Scout", "", "",
+         "Action facility increase", "Scout Department increase", true, true, false, "No betting this week",
+         "No capacity increase this week", "Action facility increase", "No department increase this week"},
+        {"zero weeks or words alone leave the department open", "", "", "0 weeks", "", "", "",
+         "Physio Department increase", true, true, true, "No betting this week", "No capacity increase this week",
+         "No facility increase this week", "Physio Department increase"},
+        {"text without a leading number is no upgrade", "", "", "None", "", "", "", "", true, true, true,
+         "No betting this week", "No capacity increase this week", "No facility increase this week",
+         "No department increase this week"},
+    };
+    for (const Case& c : cases) {
+        Club club;
+        setLevels(club, {5, 5, 5, 5, 5, 5, 5});
+        club.CapacityUpgrade = c.capUp;
+        club.FacilityUpgrade = c.facUp;
+        club.DepartmentUpgrade = c.deptUp;
+        club.BettingOrder = c.bet;
+        club.CapacityOrder = c.cap;
+        club.FacilityOrder = c.fac;
+        club.DepartmentOrder = c.dept;
+        WeeklyChoices w = fillWeeklyChoices(club);
+        EXPECT_EQ(w.capacity.enabled, c.capOn) << c.why;
+        EXPECT_EQ(w.facility.enabled, c.facOn) << c.why;
+        EXPECT_EQ(w.department.enabled, c.deptOn) << c.why;
+        EXPECT_TRUE(w.betting.enabled) << c.why;
+        EXPECT_EQ(club.BettingOrder, c.betAfter) << c.why;
+        EXPECT_EQ(club.CapacityOrder, c.capAfter) << c.why;
+        EXPECT_EQ(club.FacilityOrder, c.facAfter) << c.why;
+        EXPECT_EQ(club.DepartmentOrder, c.deptAfter) << c.why;
+        // Each box shows the club's order.
+        EXPECT_EQ(w.betting.lines[size_t(w.betting.chosen)], club.BettingOrder) << c.why;
+        EXPECT_EQ(w.capacity.lines[size_t(w.capacity.chosen)], club.CapacityOrder) << c.why;
+        EXPECT_EQ(w.facility.lines[size_t(w.facility.chosen)], club.FacilityOrder) << c.why;
+        EXPECT_EQ(w.department.lines[size_t(w.department.chosen)], club.DepartmentOrder) << c.why;
+    }
+}
+
+TEST(ClubView, AnOrderThatIsNoLineOfItsBoxIsShownAtTheEnd) {
+    Club club;
+    setLevels(club, {10, 10, 10, 10, 10, 10, 10});  // no pairs this week
+    club.DepartmentOrder = "Increase Scout to  8, Decrease Physio to  6";
+    WeeklyChoices w = fillWeeklyChoices(club);
+    ASSERT_EQ(w.department.lines.size(), kDepartmentFixedLines.size() + 1);
+    EXPECT_EQ(w.department.chosen, int(kDepartmentFixedLines.size()));
+    EXPECT_EQ(w.department.lines.back(), "Increase Scout to  8, Decrease Physio to  6");
+    EXPECT_EQ(club.DepartmentOrder, "Increase Scout to  8, Decrease Physio to  6");
+}
+
+TEST(ClubView, WeeklyChoiceStoresTheLineUnlessTheScreenIsFilling) {
+    struct Case {
+        WeeklyChoice which;
+        const char* line;
+        bool filling;
+        std::string Club::*field;
+    } cases[] = {
+        {WeeklyChoice::Betting, "Bet this week", false, &Club::BettingOrder},
+        {WeeklyChoice::Capacity, "Action capacity increase", false, &Club::CapacityOrder},
+        {WeeklyChoice::Facility, "Action facility increase", false, &Club::FacilityOrder},
+        {WeeklyChoice::Department, "Scout Department increase", false, &Club::DepartmentOrder},
+        {WeeklyChoice::Betting, "Bet this week", true, &Club::BettingOrder},
+        {WeeklyChoice::Department, "Scout Department increase", true, &Club::DepartmentOrder},
+    };
+    for (const Case& c : cases) {
+        TempDir dir;
+        Session s = makeSession(dir, 2);
+        s.CurrentClub = 1;
+        s.FillingScreen = c.filling;
+        EXPECT_EQ(chooseWeekly(s, c.which, c.line), !c.filling) << c.line;
+        EXPECT_EQ(s.TurnChanged, !c.filling) << c.line;
+        EXPECT_EQ(s.Clubs[1].*c.field, c.filling ? "" : c.line) << c.line;
+        EXPECT_EQ(s.Clubs[0].*c.field, "") << "only the current club changes";
+    }
+}
+
+TEST(ClubView, CoachTextAndTitles) {
+    Club c;
+    setLevels(c, {1, 12, 3, 0, 9, 2, 2});
+    EXPECT_EQ(coachTextLines(c), (std::vector<std::string>{"Goalkeeper Coach :  1", "Defence Coach :  12",
+                                                           "Midfield Coach :  3", "Attack Coach :  0",
+                                                           "Physio :  9"}));
+    GameIni g;
+    g.GameName = "Test League";
+    EXPECT_EQ(screenTitle(g, "Main Menu"), "Test League turnsheet entry : Main Menu");
+    g.GameName = "";
+    EXPECT_EQ(screenTitle(g, "Squad Screen"), " turnsheet entry : Squad Screen");
+}
+
+TEST(ClubView, SelectingAnotherClubForgetsTheFixture) {
+    TempDir dir;
+    Session s = makeSession(dir, 3);
+    ClubView v;
+    struct Step {
+        int index;
+        int fixtureBefore;  // what the manager had chosen
+        bool same;
+        int fixtureAfter;
+    } steps[] = {{0, 1, false, 1}, {0, 3, true, 3}, {2, 3, false, 1}, {2, 2, true, 2}, {0, 2, false, 1}};
+    for (const Step& st : steps) {
+        v.CurrentFixture = st.fixtureBefore;
+        noteClubChoice(s, v, st.index);
+        EXPECT_EQ(v.SameClubSelected, st.same) << st.index;
+        EXPECT_EQ(v.CurrentFixture, st.fixtureAfter) << st.index;
+        EXPECT_EQ(s.CurrentClub, st.index);
+        EXPECT_EQ(v.LastSelectedClub, st.index);
+    }
+}
+
+TEST(ClubView, SquadGridFilters) {
+    struct Case {
+        AgeFilter age;
+        PositionFilter pos;
+        std::vector<int> players;
+    } cases[] = {
+        {AgeFilter::All, PositionFilter::All, {1, 2, 3, 4}},
+        {AgeFilter::Seniors, PositionFilter::All, {1, 2, 4}},  // 18 is a senior
+        {AgeFilter::Youth, PositionFilter::All, {3}},          // 17 is a youth
+        {AgeFilter::All, PositionFilter::Gkp, {1}},
+        {AgeFilter::All, PositionFilter::Def, {2}},
+        {AgeFilter::All, PositionFilter::Mid, {3}},
+        {AgeFilter::All, PositionFilter::Str, {4}},
+        {AgeFilter::Youth, PositionFilter::Str, {}},
+        {AgeFilter::Seniors, PositionFilter::Mid, {}},
+    };
+    Club club = makeClub("Club A", "aclub");
+    for (const Case& c : cases) {
+        std::vector<int> got;
+        for (const SquadRow& r : squadGridRows(club, c.age, c.pos, {})) got.push_back(r.player);
+        EXPECT_EQ(got, c.players) << int(c.age) << "/" << int(c.pos);
+    }
+    // A squad without youth shows no row at all under the youth filter.
+    club.Players.erase(club.Players.begin() + 2);
+    EXPECT_TRUE(squadGridRows(club, AgeFilter::Youth, PositionFilter::All, {}).empty());
+}
+
+TEST(ClubView, SquadGridCellsAndLastShirt) {
+    Club club = makeClub("Club A", "aclub");
+    club.Players[0].Injury = 11;
+    club.Players[0].Agg = -2;
+    auto rows = squadGridRows(club, AgeFilter::All, PositionFilter::All, {});
+    ASSERT_EQ(rows.size(), 4u);
+    const std::array<std::string, 19> keeper = {"Ann Keeper  ( 1)", "AGKP", " 30", " 12", " 3", " 11", " 10",
+                                                " 11", " 12", " 13", " 14", " 15", " 16", " 17", " 18", " 19",
+                                                " 20", "-2", " 165"};
+    EXPECT_EQ(rows[0].cells, keeper);
+    EXPECT_EQ(rows[1].cells[0], "Bo Back") << "no last shirt, no brackets";
+    EXPECT_EQ(rows[2].cells[0], "Cy Kid  ( 14)");
+    for (const SquadRow& r : rows)
+        for (int col : r.colour) EXPECT_EQ(col, -1);
+}
+
+TEST(ClubView, SquadGridColoursFromTheCoachingHistory) {
+    Club club = makeClub("Club A", "aclub");
+    auto rec = [](const char* name, const char* result, const char* skill) {
+        HistoryRecord h;
+        h.Date = "20240101";
+        h.Name = name;
+        h.Position = "DEFC";
+        h.Result = result;
+        h.Skill = skill;
+        return h;
+    };
+    std::vector<HistoryRecord> history = {
+        rec("Bo Back", "P", "PA"),   rec("Bo Back", "Y", "DE"), rec("Bo Back", "N", "ST"),
+        rec("Ann Keeper", "N", "TA"), rec("Ann Keeper", "Y", "TA"),  // the later record wins
+        rec("Cy Kid", "Y", "FL"),    // no such history code: nothing
+        rec("Di Striker", "X", "PA"),  // no such result: nothing
+        rec("Gone Player", "P", "PA"),
+    };
+    struct Want {
+        int row;
+        int column;
+        int colour;
+    } wants[] = {
+        {1, kFirstSkillColumn + 0, 0xFF0000}, {1, kFirstSkillColumn + 6, 0x00FF00},
+        {1, kFirstSkillColumn + 9, 0xFFFF00}, {0, kFirstSkillColumn + 2, 0x00FF00},
+    };
+    auto rows = squadGridRows(club, AgeFilter::All, PositionFilter::All, history);
+    ASSERT_EQ(rows.size(), 4u);
+    int coloured = 0;
+    for (const SquadRow& r : rows)
+        for (int col : r.colour) coloured += col != -1;
+    EXPECT_EQ(coloured, 4);
+    for (const Want& w : wants) EXPECT_EQ(rows[size_t(w.row)].colour[size_t(w.column)], w.colour) << w.column;
+
+    // A player filtered out takes no colour and moves no other row's colour.
+    auto defenders = squadGridRows(club, AgeFilter::All, PositionFilter::Def, history);
+    ASSERT_EQ(defenders.size(), 1u);
+    EXPECT_EQ(defenders[0].colour[kFirstSkillColumn + 0], 0xFF0000);
+}
+
+TEST(ClubView, ClubPicturesFile) {
+    TempDir dir;
+    Session s = makeSession(dir, 1);
+    const Club& club = s.Clubs[0];
+    ClubView v;
+    v.BadgeFile = "stale";
+    v.ShirtFile = "stale";
+    readClubPictures(s, club, v);
+    EXPECT_EQ(v.BadgeFile, "") << "no file: the built-in pictures";
+    EXPECT_EQ(v.ShirtFile, "");
+
+    v.BadgeFile = "/pics/badge.gif";
+    v.ShirtFile = "";
+    writeClubPictures(s, club, v);
+    EXPECT_EQ(dir.read("aclubpref.ini"), "/pics/badge.gif\r\n\r\n");
+    ClubView back;
+    readClubPictures(s, club, back);
+    EXPECT_EQ(back.BadgeFile, "/pics/badge.gif");
+    EXPECT_EQ(back.ShirtFile, "");
+
+    // The file is found whatever its case, and read with LF alone too.
+    std::filesystem::remove(dir.path() / "aclubpref.ini");
+    dir.write("ACLUBPREF.INI", "b.jpg\nshirt.bmp\n");
+    readClubPictures(s, club, back);
+    EXPECT_EQ(back.BadgeFile, "b.jpg");
+    EXPECT_EQ(back.ShirtFile, "shirt.bmp");
+}
+
+TEST(ClubView, ShortClubPicturesFileIsRefusedWithItsLine) {
+    struct Case {
+        const char* bytes;
+        int line;
+        const char* expected;
+    } cases[] = {{"", 1, "the badge picture's path"}, {"badge.gif\r\n", 2, "the shirt picture's path"}};
+    for (const Case& c : cases) {
+        TempDir dir;
+        Session s = makeSession(dir, 1);
+        dir.write("aclubpref.ini", c.bytes);
+        ClubView v;
+        try {
+            readClubPictures(s, s.Clubs[0], v);
+            ADD_FAILURE() << "a short file must be refused";
+        } catch (const GameFileError& e) {
+            EXPECT_EQ(e.file, "aclubpref.ini");
+            EXPECT_EQ(e.line, c.line);
+            EXPECT_EQ(e.expected, c.expected);
+        }
+        EXPECT_EQ(v.BadgeFile, "");
+        EXPECT_EQ(v.ShirtFile, "");
+    }
+}
+
+TEST(ClubView, FailedPicturesWriteLeavesTheOldFile) {
+    TempDir dir;
+    Session s = makeSession(dir, 1);
+    dir.write("aclubpref.ini", "old.gif\r\nold.bmp\r\n");
+    ClubView v;
+    v.BadgeFile = "new.gif";
+    atomicWriteFaultHook = [](const fs::path& p) { throw WriteError(p.string(), "disk full"); };
+    EXPECT_THROW(writeClubPictures(s, s.Clubs[0], v), WriteError);
+    atomicWriteFaultHook = nullptr;
+    EXPECT_EQ(dir.read("aclubpref.ini"), "old.gif\r\nold.bmp\r\n");
+}
+
+TEST(ClubView, ClearTurnQuestions) {
+    TempDir dir;
+    Session s = makeSession(dir, 2);
+    s.Clubs[1].Name = "O'Neill Rovers";
+    s.CurrentClub = 1;
+    EXPECT_EQ(clearTurnQuestion(s, false),
+              "Are you sure that you want to clear O'Neill Rovers's turn ?\r\n\r\nIf you choose to do this it will "
+              "restart the program.");
+    EXPECT_EQ(clearTurnQuestion(s, true),
+              "Are you sure that you want to clear all turns ?\r\n\r\nIf you choose to do this it will restart the "
+              "program.");
+}
+
+TEST(ClubView, ClearingDeletesTheChosenTurnsheetsOnly) {
+    struct Case {
+        bool all;
+        std::vector<bool> present;  // a Turnsheet on disk for clubs 0, 1, 2
+        std::vector<bool> after;
+        size_t deleted;
+    } cases[] = {
+        {false, {true, true, true}, {true, false, true}, 1},
+        {true, {true, true, true}, {false, false, false}, 3},
+        {true, {true, false, true}, {false, false, false}, 2},
+        {false, {true, false, true}, {true, false, true}, 0},
+    };
+    for (const Case& c : cases) {
+        TempDir dir;
+        Session s = makeSession(dir, 3);
+        s.CurrentClub = 1;
+        dir.write("notes.txt", "keep");
+        for (int i = 0; i < 3; ++i)
+            if (c.present[size_t(i)]) dir.write("Turnsheet/" + s.Clubs[size_t(i)].ClubFile + ".txt", "orders");
+        EXPECT_EQ(deleteTurnsheets(s, c.all).size(), c.deleted);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(fs::exists(dir.path() / "Turnsheet" / (s.Clubs[size_t(i)].ClubFile + ".txt")),
+                      bool(c.after[size_t(i)]))
+                << "club " << i << (c.all ? " all" : " this");
+        EXPECT_EQ(dir.read("notes.txt"), "keep");
+    }
+}
+
+namespace {
+
+// A club with one match whose team sheet is empty, so the turnsheet is incomplete.
+void giveShortMatch(Club& club) {
+    Fixture f;
+    f.Venue = "H";
+    f.Competition = "League";
+    f.Opponent = "Rivals United";
+    club.Fixtures.push_back(f);
+    club.FixtureCount = 1;
+}
+
+const char* const kIncompleteTitle = "Warning of incomplete turnsheet";
+
+}  // namespace
+
+TEST(ClubView, AFailedSaveIsToldAndLeavesThePreviousFile) {
+    TempDir dir;
+    Session s = makeSession(dir, 2);
+    s.TurnChanged = true;
+    dir.write("Turnsheet/bclub.txt", "last week's orders\r\n");
+    atomicWriteFaultHook = [](const fs::path& tmp) {
+        if (tmp.filename().string().find("bclub") != std::string::npos)
+            throw WriteError((tmp.parent_path() / "bclub.txt").string(), "No space left on device");
+    };
+    RecordingMessages m;
+    const bool saved = saveTurnsheetsTelling(s, m);
+    atomicWriteFaultHook = nullptr;
+
+    EXPECT_FALSE(saved);
+    ASSERT_EQ(m.entries.size(), 1u);
+    EXPECT_EQ(m.entries[0].kind, RecordingMessages::Kind::Refuse);
+    EXPECT_EQ(m.entries[0].title, "Turnsheet not saved");
+    EXPECT_EQ(m.entries[0].text,
+              "The turnsheet Turnsheet/bclub.txt could not be written: No space left on device.\r\n\r\nThe previous "
+              "copy of that file is left as it was, and your orders are still on screen. Check that the game folder "
+              "can be written to and that the disk has room, then save again.");
+    EXPECT_EQ(dir.read("Turnsheet/bclub.txt"), "last week's orders\r\n");
+    EXPECT_EQ(dir.read("Turnsheet/aclub.txt"), turnsheetText(s.Clubs[0]));
+    EXPECT_TRUE(s.TurnChanged) << "closing must still offer to save";
+
+    // Saving again when the disk is fine writes both and clears the flag.
+    RecordingMessages again;
+    EXPECT_TRUE(saveTurnsheetsTelling(s, again));
+    EXPECT_TRUE(again.entries.empty());
+    EXPECT_EQ(dir.read("Turnsheet/bclub.txt"), turnsheetText(s.Clubs[1]));
+    EXPECT_FALSE(s.TurnChanged);
+}
+
+TEST(ClubView, SendingWithoutMailChecksSavesAndSaysWhereTheFilesAre) {
+    struct Case {
+        const char* why;
+        int warnInc;
+        bool shortMatch;
+        std::vector<bool> answers;
+        bool saved;
+        std::vector<RecordingMessages::Kind> kinds;
+    } cases[] = {
+        {"complete: saved and told", 1, false, {}, true, {RecordingMessages::Kind::Inform}},
+        {"incomplete, not sent after all", 1, true, {false}, false, {RecordingMessages::Kind::Ask}},
+        {"incomplete, sent anyway", 1, true, {true}, true,
+         {RecordingMessages::Kind::Ask, RecordingMessages::Kind::Inform}},
+        {"warned on saving instead", 0, true, {}, true,
+         {RecordingMessages::Kind::Warn, RecordingMessages::Kind::Inform}},
+    };
+    for (const Case& c : cases) {
+        TempDir dir;
+        Session s = makeSession(dir, 1);
+        s.Prefs.WarnInc = int16_t(c.warnInc);
+        if (c.shortMatch) giveShortMatch(s.Clubs[0]);
+        s.TurnChanged = true;
+        RecordingMessages m;
+        m.answers = c.answers;
+        EXPECT_EQ(sendTurnsheetsWithoutMail(s, m), c.saved) << c.why;
+        EXPECT_EQ(fs::exists(dir.path() / "Turnsheet" / "aclub.txt"), c.saved) << c.why;
+        EXPECT_EQ(s.TurnChanged, !c.saved) << c.why;
+        std::vector<RecordingMessages::Kind> kinds;
+        for (const auto& e : m.entries) kinds.push_back(e.kind);
+        EXPECT_EQ(kinds, c.kinds) << c.why;
+        for (const auto& e : m.entries) {
+            if (e.kind == RecordingMessages::Kind::Ask) {
+                EXPECT_EQ(e.title, kIncompleteTitle);
+                EXPECT_EQ(e.text,
+                          "Club A do not have all players selected for game against Rivals United\r\n\r\nDo you "
+                          "still want to send this turnsheet ?");
+            }
+            if (e.kind == RecordingMessages::Kind::Inform) {
+                EXPECT_EQ(e.title, "Turnsheet not sent");
+                EXPECT_EQ(e.text, "Sending by e-mail is not yet available.\r\n\r\nYour turnsheets have been saved "
+                                  "in the folder " +
+                                      (dir.path() / "Turnsheet").string() +
+                                      ". Please send them to admin@example.org yourself.");
+            }
+        }
+    }
+}
+
+TEST(ClubView, ClosingAsksToSaveOnceAndOnlyAfterChanges) {
+    struct Case {
+        bool changed;
+        bool answer;
+        bool asked;
+        bool written;
+    } cases[] = {{false, true, false, false}, {true, false, true, false}, {true, true, true, true}};
+    for (const Case& c : cases) {
+        TempDir dir;
+        Session s = makeSession(dir, 1);
+        s.TurnChanged = c.changed;
+        RecordingMessages m;
+        m.answers = {c.answer};
+        closingSavePrompt(s, m);
+        ASSERT_EQ(m.entries.size(), c.asked ? 1u : 0u);
+        if (c.asked) {
+            EXPECT_EQ(m.entries[0].kind, RecordingMessages::Kind::Ask);
+            EXPECT_EQ(m.entries[0].title, "Save Changes ?");
+            EXPECT_EQ(m.entries[0].text,
+                      "Changes have been made to the turnsheet\r\n\r\nDo you want to save the turnsheet ?");
+        }
+        EXPECT_EQ(fs::exists(dir.path() / "Turnsheet" / "aclub.txt"), c.written);
+        const size_t before = m.entries.size();
+        s.TurnChanged = true;
+        closingSavePrompt(s, m);
+        EXPECT_EQ(m.entries.size(), c.asked ? before : before + 1)
+            << "asked at most once a session";
+    }
+}
