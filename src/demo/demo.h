@@ -12,6 +12,7 @@ struct DemoOptions {
     int playersPerExportClub = 22;  // squad size of the clubs that are not managed
     uint64_t seed = 1;
     int weeks = 1;                  // successive weeks of archives
+    int clubsWithOrders = 2;        // the first clubs of the session get orders in every group
 };
 
 // Writes game.ini and the two archives of each week (under Archives/), then

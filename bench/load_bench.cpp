@@ -1,0 +1,80 @@
+// Start-up on the large demo league: 30 Squadsheets and a club export of
+// 2,000 clubs. The whole session load should stay under 50 ms.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include "core/gamefolder.h"
+#include "core/loader.h"
+#include "core/messages.h"
+#include "demo/demo.h"
+#include "files/clubexport.h"
+#include "files/squadsheet.h"
+
+using namespace kestrin;
+
+namespace {
+
+// The league is made once per run and removed at exit.
+class LargeLeague {
+public:
+    LargeLeague() : folder_(fs::temp_directory_path() / ("kestrin-bench-" + std::to_string(::getpid()))) {
+        fs::remove_all(folder_);
+        makeDemoLeague(folder_, largeDemoOptions());
+    }
+    ~LargeLeague() {
+        std::error_code ec;
+        fs::remove_all(folder_, ec);
+    }
+    const fs::path& folder() const { return folder_; }
+
+private:
+    fs::path folder_;
+};
+
+const LargeLeague& league() {
+    static const LargeLeague l;
+    return l;
+}
+
+void BM_LoadSession(benchmark::State& state) {
+    const fs::path& folder = league().folder();
+    size_t clubs = 0;
+    for (auto _ : state) {
+        RecordingMessages messages;
+        Session s = loadSession(folder, messages);
+        clubs = s.Clubs.size() + s.ExportClubs.size();
+        benchmark::DoNotOptimize(s);
+    }
+    state.counters["clubs"] = double(clubs);
+}
+BENCHMARK(BM_LoadSession)->Unit(benchmark::kMillisecond);
+
+void BM_ClubExportReader(benchmark::State& state) {
+    const fs::path path = GameFolder(league().folder()).resolve("Weekly/clubsqua.txt");
+    const std::vector<std::string> lines = readLines(path);
+    for (auto _ : state) benchmark::DoNotOptimize(readClubExport(lines, "Weekly/clubsqua.txt"));
+    state.counters["lines"] = double(lines.size());
+}
+BENCHMARK(BM_ClubExportReader)->Unit(benchmark::kMillisecond);
+
+void BM_SquadsheetReader(benchmark::State& state) {
+    const GameFolder game(league().folder());
+    std::vector<std::pair<std::string, std::vector<std::string>>> sheets;
+    for (const std::string& name : game.list("Squadsheets", "*sq*.txt"))
+        sheets.emplace_back(name, readLines(game.resolve("Squadsheets/" + name)));
+    for (auto _ : state)
+        for (const auto& [name, lines] : sheets) {
+            std::string stamp;
+            benchmark::DoNotOptimize(readSquadsheet(lines, name, clubFileFromName(name), stamp));
+        }
+    state.counters["sheets"] = double(sheets.size());
+}
+BENCHMARK(BM_SquadsheetReader)->Unit(benchmark::kMillisecond);
+
+void BM_ReadLinesOfClubExport(benchmark::State& state) {
+    const fs::path path = GameFolder(league().folder()).resolve("Weekly/clubsqua.txt");
+    for (auto _ : state) benchmark::DoNotOptimize(readLines(path));
+}
+BENCHMARK(BM_ReadLinesOfClubExport)->Unit(benchmark::kMillisecond);
+
+}  // namespace

@@ -1,0 +1,138 @@
+#pragma once
+// The demo league's model: every club of the game with its players, and for
+// the managed clubs everything their Squadsheet prints. The writers turn the
+// model into the game's files; the tests compare what the readers give back
+// with the records held here.
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/gameini.h"
+#include "core/records.h"
+#include "core/session.h"
+#include "demo/demo.h"
+#include "orders/history.h"
+
+namespace kestrin::demo {
+
+// splitmix64: the same numbers on every platform and library version.
+class Random {
+public:
+    explicit Random(uint64_t seed) : state_(seed) {}
+    uint64_t next();
+    int range(int lo, int hi);  // inclusive
+    bool chance(int percent);
+    template <typename T>
+    const T& pick(const std::vector<T>& items) {
+        return items[size_t(range(0, int(items.size()) - 1))];
+    }
+
+private:
+    uint64_t state_;
+};
+
+struct Date {
+    int year = 2025, month = 1, day = 1;
+    bool operator==(const Date&) const = default;
+};
+Date addDays(Date d, int days);
+std::string ddmmyyyy(const Date& d);  // "09/08/2025"
+std::string yyyymmdd(const Date& d);  // "20250809"
+
+struct DemoPlayer {
+    // Exactly what the Squadsheet reader should give back for this player.
+    Player rec;
+    // How some fields are printed: #NULL# (the record then holds 0), the
+    // value with its decimals, the whole name of the club that lent him.
+    bool nullSeasonPerf = false;
+    bool nullWages = false;
+    std::array<bool, 5> nullLastFive{};
+    std::array<bool, 5> nullCareer{};  // apps, goals, caps, international goals, career perf
+    int16_t caps = 0, capGoals = 0;     // the career line's third and fourth figures
+    std::string valueText;
+    std::string loanFrom;               // "" when not on loan
+    // Club export figures.
+    int16_t played = 0;
+    int16_t seasonPerf = 0;
+    int16_t seasonGoals = 0;
+    bool nullMinValue = false, nullMaxValue = false;
+};
+
+struct DemoClub {
+    std::string Name;
+    std::string Colours;
+    std::string Key;  // ClubFile of a managed club, "" for the others
+    int League = 1;   // 1 to 8
+    std::vector<DemoPlayer> Players;
+    bool managed() const { return !Key.empty(); }
+
+    // Managed clubs only. Header holds the Squadsheet's header fields as the
+    // reader gives them back (Players, Fixtures and ReportLines are apart).
+    Club Header;
+    std::string CapacityPending, FacilityPending;  // the texts of the upgrade line
+    std::string DepartmentLine;
+    bool NullGate = false;
+    int BlendPassingTenths = 0, BlendCrossingTenths = 0;
+    std::vector<std::string> ReportLines;
+    std::vector<Fixture> Fixtures;        // next week's matches as the reader gives them back
+    std::vector<std::string> MatchLines;  // every line after "SCHEDULED MATCHES FOR NEXT WEEK"
+    std::vector<HistoryRecord> History;   // coaching of the weeks before the first
+};
+
+class League {
+public:
+    explicit League(const DemoOptions& options);
+
+    const GameIni& gameIni() const { return ini_; }
+    int week() const { return week_; }
+    Date turnDate() const;
+    const std::string& turnStamp() const { return stamp_; }
+    // Every club of the game in the club export's order; managed clubs among them.
+    const std::vector<DemoClub>& clubs() const { return clubs_; }
+    std::vector<const DemoClub*> managedClubs() const;
+
+    // The league one week on: injuries heal and happen, bans are served,
+    // loans and contracts run down, new fixtures, money and credits move.
+    void nextWeek();
+
+    // The files of the current week, Windows-1252 with CR LF.
+    std::string squadsheetFileName(const DemoClub& club) const;
+    std::string squadsheetText(const DemoClub& club) const;
+    std::string clubExportText() const;
+    std::string historyFileName(const DemoClub& club) const;
+
+    // What the readers should make of the current week's files.
+    Club expectedClub(const DemoClub& club) const;
+    ExportPlayer expectedExportPlayer(const DemoClub& club, const DemoPlayer& p) const;
+
+private:
+    void makeClubs();
+    DemoPlayer makePlayer(const std::string& position, int clubLevel, bool youth,
+                          const std::vector<DemoPlayer>& squad);
+    void makeManagedHeader(DemoClub& club, size_t managedIndex);
+    void makeHistory(DemoClub& club);
+    void weekForManaged(DemoClub& club, size_t managedIndex);
+    void weekForPlayer(DemoPlayer& p, bool seasonTurn);
+    std::vector<std::string> reportLines(const DemoClub& club, size_t managedIndex);
+    void scheduleMatches(DemoClub& club);
+    const DemoClub& otherClub(const DemoClub& club, bool sameLeague);
+    void setSkills(Player& p, int skill);
+    void placeOnLoan(DemoPlayer& p, const DemoClub& at);
+
+    DemoOptions options_;
+    Random rng_;
+    GameIni ini_;
+    int week_ = 1;
+    Date firstDate_;
+    std::string stamp_;
+    std::vector<DemoClub> clubs_;
+    int seasonWeek_ = 0;  // weeks played of the season
+};
+
+// Orders for the first `clubs` clubs of a loaded session: team sheets of
+// players who can play, tactics and set pieces, coaching, physio for the
+// injured, a one to one, scouting of other clubs' players and movements.
+void giveOrders(Session& session, int clubs, uint64_t seed);
+
+}  // namespace kestrin::demo

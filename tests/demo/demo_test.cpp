@@ -1,0 +1,505 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "core/gamefolder.h"
+#include "core/gameini.h"
+#include "core/loader.h"
+#include "core/text.h"
+#include "demo/demo.h"
+#include "demo/league.h"
+#include "files/archive.h"
+#include "files/squadsheet.h"
+#include "orders/history.h"
+#include "support/testsupport.h"
+
+using namespace kestrin;
+using kestrin::test::TempDir;
+
+namespace kestrin {
+// Enough of a player to tell which one and where he differs.
+[[maybe_unused]] static void PrintTo(const Player& p, std::ostream* os) {
+    *os << p.Name << " " << p.Position << " age " << p.Age << " TS " << p.TotalSkill << " inj " << p.Injury
+        << " susp " << p.SuspPoints << " value " << p.Value << " wages " << p.Wages << " loan " << p.LoanLength << " "
+        << p.LoaningClub << " reserves " << p.WeeksInReserves << " perf " << p.AverageSeasonPerf << " career "
+        << p.CareerApps << "/" << p.CareerGoals << "/" << p.CareerPerf << " pot " << p.Potential;
+}
+}  // namespace kestrin
+
+namespace {
+
+DemoOptions small(uint64_t seed) {
+    DemoOptions o;
+    o.seed = seed;
+    o.exportClubs = 40;
+    return o;
+}
+
+// Every file below a folder, by its path relative to the folder.
+std::map<std::string, std::string> filesBelow(const fs::path& root) {
+    std::map<std::string, std::string> out;
+    for (const auto& e : fs::recursive_directory_iterator(root))
+        if (e.is_regular_file()) out[fs::relative(e.path(), root).generic_string()] = readFileBytes(e.path());
+    return out;
+}
+
+Session load(const fs::path& folder) {
+    RecordingMessages messages;
+    return loadSession(folder, messages);
+}
+
+const demo::DemoClub* managedByKey(const demo::League& league, const std::string& key) {
+    for (const demo::DemoClub* c : league.managedClubs())
+        if (c->Key == key) return c;
+    return nullptr;
+}
+
+}  // namespace
+
+TEST(DemoLeague, SameSeedSameBytesOtherSeedOtherLeague) {
+    TempDir a, b, c;
+    makeDemoLeague(a.path(), small(11));
+    makeDemoLeague(b.path(), small(11));
+    makeDemoLeague(c.path(), small(12));
+    auto fa = filesBelow(a.path()), fb = filesBelow(b.path()), fc = filesBelow(c.path());
+    // The settings file holds the game folder's own path, so it is not compared.
+    for (auto* m : {&fa, &fb, &fc}) ASSERT_EQ(m->erase(kSettingsFileName), 1u);
+
+    ASSERT_EQ(fa.size(), fb.size());
+    for (const auto& [name, bytes] : fa) {
+        ASSERT_TRUE(fb.count(name)) << name;
+        EXPECT_TRUE(bytes == fb[name]) << name << " differs between two runs of the same seed";
+    }
+    for (const char* name : {"Archives/week1/squad.zip", "Archives/week1/weekly.zip", "Weekly/clubsqua.txt"})
+        EXPECT_TRUE(fa.count(name) && fc.count(name) && fa[name] != fc[name]) << name;
+    EXPECT_TRUE(fa["game.ini"] == fc["game.ini"]);  // the game is the same, the league is not
+}
+
+TEST(DemoLeague, GameIniIsScrambledAndReadsBack) {
+    TempDir t;
+    makeDemoLeague(t.path(), small(3));
+    const std::string bytes = t.read("game.ini");
+    ASSERT_EQ(bytes.size(), kGameIniLength);
+    // The pound sign is byte 0xA3, moved by 10 and its place in the field.
+    EXPECT_EQ(static_cast<unsigned char>(bytes[43]), 0xA3 + 11);
+    const GameIni ini = readGameIni(t.path() / "game.ini");
+    EXPECT_EQ(ini.Currency, "\xA3");
+    EXPECT_FALSE(ini.GameName.empty());
+    EXPECT_FALSE(ini.ShortName.empty());
+    EXPECT_NE(ini.AdminAddress.find('@'), std::string::npos);
+    std::set<std::string> names, codes;
+    for (size_t k = 1; k <= 8; ++k) {
+        names.insert(ini.LeagueNames[k]);
+        codes.insert(ini.LeagueCodes[k]);
+    }
+    EXPECT_EQ(names.size(), 8u);
+    EXPECT_EQ(codes.size(), 8u);
+    EXPECT_EQ(names.count(""), 0u);
+}
+
+TEST(DemoLeague, SessionHoldsWhatTheSquadsheetsSay) {
+    for (uint64_t seed : {1u, 2u, 3u}) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        TempDir t;
+        const DemoOptions o = small(seed);
+        makeDemoLeague(t.path(), o);
+        const demo::League league(o);  // the same seed gives the league the files were made from
+        const Session s = load(t.path());
+        EXPECT_TRUE(s.LoadProblems.empty()) << (s.LoadProblems.empty() ? "" : s.LoadProblems[0]);
+        ASSERT_EQ(s.ClubCount(), o.clubs);
+        EXPECT_EQ(s.TurnStamp, league.turnStamp());
+        EXPECT_EQ(s.TurnStamp.size(), 22u);
+
+        for (const Club& got : s.Clubs) {
+            const demo::DemoClub* model = managedByKey(league, got.ClubFile);
+            ASSERT_NE(model, nullptr) << got.ClubFile;
+            const Club want = league.expectedClub(*model);
+            SCOPED_TRACE(want.Name);
+            EXPECT_EQ(got.Name, want.Name);
+            EXPECT_EQ(got.Colours, want.Colours);
+            EXPECT_EQ(got.LeagueNumber, want.LeagueNumber);
+            const std::pair<const char*, std::pair<int64_t, int64_t>> numbers[] = {
+                {"Credits", {got.Credits, want.Credits}},
+                {"StampCredits", {got.StampCredits, want.StampCredits}},
+                {"Capacity", {got.Capacity, want.Capacity}},
+                {"Facilities", {got.Facilities, want.Facilities}},
+                {"TicketPrice", {got.TicketPrice, want.TicketPrice}},
+                {"SeasonTicketHolders", {got.SeasonTicketHolders, want.SeasonTicketHolders}},
+                {"PotentialCrowd", {got.PotentialCrowd, want.PotentialCrowd}},
+                {"CrowdRating", {got.CrowdRating, want.CrowdRating}},
+                {"GamesPlayed", {got.GamesPlayed, want.GamesPlayed}},
+                {"AverageGate", {got.AverageGate, want.AverageGate}},
+                {"RecentPerformance", {got.RecentPerformance, want.RecentPerformance}},
+                {"GoalkeeperCoach", {got.GoalkeeperCoach, want.GoalkeeperCoach}},
+                {"DefenceCoach", {got.DefenceCoach, want.DefenceCoach}},
+                {"MidfieldCoach", {got.MidfieldCoach, want.MidfieldCoach}},
+                {"AttackCoach", {got.AttackCoach, want.AttackCoach}},
+                {"Groundsman", {got.Groundsman, want.Groundsman}},
+                {"Physio", {got.Physio, want.Physio}},
+                {"Scout", {got.Scout, want.Scout}},
+                {"Marketing", {got.Marketing, want.Marketing}},
+                {"BlendPassing", {got.BlendPassing, want.BlendPassing}},
+                {"BlendCrossing", {got.BlendCrossing, want.BlendCrossing}},
+                {"WageBill", {got.WageBill, want.WageBill}},
+                {"Costs", {got.Costs, want.Costs}},
+                {"GateMoney", {got.GateMoney, want.GateMoney}},
+                {"Merchandise", {got.Merchandise, want.Merchandise}},
+                {"Sponsorship", {got.Sponsorship, want.Sponsorship}},
+                {"SundriesIn", {got.SundriesIn, want.SundriesIn}},
+                {"SundriesOut", {got.SundriesOut, want.SundriesOut}},
+                {"MoneyBet", {got.MoneyBet, want.MoneyBet}},
+                {"BettingWinnings", {got.BettingWinnings, want.BettingWinnings}},
+                {"TransfersRecouped", {got.TransfersRecouped, want.TransfersRecouped}},
+                {"TransfersSpent", {got.TransfersSpent, want.TransfersSpent}},
+                {"Balance", {got.Balance, want.Balance}},
+            };
+            for (const auto& [field, pair] : numbers) EXPECT_EQ(pair.first, pair.second) << field;
+            EXPECT_EQ(got.Stadium, want.Stadium);
+            EXPECT_EQ(got.MainSponsor, want.MainSponsor);
+            EXPECT_EQ(got.BlendAverages, want.BlendAverages);
+            EXPECT_EQ(got.CapacityUpgrade, want.CapacityUpgrade);
+            EXPECT_EQ(got.FacilityUpgrade, want.FacilityUpgrade);
+            EXPECT_EQ(got.DepartmentUpgrade, want.DepartmentUpgrade);
+            EXPECT_EQ(got.ReportLines, want.ReportLines);
+
+            ASSERT_EQ(got.Players.size(), want.Players.size());
+            for (size_t i = 0; i < got.Players.size(); ++i) EXPECT_EQ(got.Players[i], want.Players[i]);
+            ASSERT_EQ(got.FixtureCount, want.FixtureCount);
+            ASSERT_EQ(got.Fixtures.size(), want.Fixtures.size());
+            for (size_t m = 0; m < got.Fixtures.size(); ++m) {
+                EXPECT_EQ(got.Fixtures[m].Venue, want.Fixtures[m].Venue);
+                EXPECT_EQ(got.Fixtures[m].Opponent, want.Fixtures[m].Opponent);
+                EXPECT_EQ(got.Fixtures[m].Competition, want.Fixtures[m].Competition);
+            }
+        }
+    }
+}
+
+// Rules of the squads that hold for every player of every managed club.
+TEST(DemoLeague, EveryPlayerIsCoherent) {
+    TempDir t;
+    DemoOptions o = small(4);
+    o.clubs = 6;
+    makeDemoLeague(t.path(), o);
+    const Session s = load(t.path());
+    ASSERT_EQ(s.ClubCount(), 6);
+    const std::set<std::string> codes(kPositionCodes.begin(), kPositionCodes.end());
+    for (const Club& c : s.Clubs) {
+        SCOPED_TRACE(c.Name);
+        EXPECT_GE(c.Players.size(), 20u);
+        EXPECT_LE(c.Players.size(), 28u);
+        int keepers = 0;
+        std::set<std::string> seen;
+        for (const Player& p : c.Players) {
+            SCOPED_TRACE(p.Name);
+            int sum = 0;
+            for (int i = 0; i < 11; ++i) sum += p.skill(i);
+            EXPECT_EQ(sum, p.TotalSkill);
+            EXPECT_GE(p.TotalSkill, p.Skill * 11);
+            EXPECT_LE(p.TotalSkill, p.Skill * 11 + 10);
+            EXPECT_GE(p.Age, 16);
+            EXPECT_LE(p.Age, 36);
+            EXPECT_LE(p.Name.size(), 20u);
+            EXPECT_TRUE(codes.count(p.Position));
+            EXPECT_TRUE(seen.insert(p.Name).second) << "two players of one name";
+            EXPECT_EQ(p.LoanLength > 0, !p.LoaningClub.empty());
+            if (p.LoanLength > 0) {
+                EXPECT_EQ(p.WeeksInReserves, 0);
+            }
+            keepers += p.Position == "AGKP";
+        }
+        EXPECT_GE(keepers, 2);
+        EXPECT_LE(keepers, 3);
+    }
+}
+
+// Cases every rule of the program needs, present in every managed club.
+TEST(DemoLeague, EveryClubHasTheCasesTheRulesNeed) {
+    TempDir t;
+    DemoOptions o = small(5);
+    o.clubs = 5;
+    makeDemoLeague(t.path(), o);
+    const Session s = load(t.path());
+    ASSERT_EQ(s.ClubCount(), 5);
+    struct Case {
+        const char* what;
+        bool (*holds)(const Player&);
+    } cases[] = {
+        {"a youth under 18", [](const Player& p) { return p.Age < 18; }},
+        {"an injury of 10 or more", [](const Player& p) { return p.Injury >= 10; }},
+        {"a suspended player", [](const Player& p) { return p.SuspPoints >= 1; }},
+        {"a player on loan", [](const Player& p) { return p.LoanLength > 0 && !p.LoaningClub.empty(); }},
+        {"a player fit to play", [](const Player& p) { return p.Injury == 0 && p.SuspPoints == 0; }},
+        {"a defender", [](const Player& p) { return startsWith(p.Position, "DEF"); }},
+        {"a midfielder", [](const Player& p) { return startsWith(p.Position, "MID"); }},
+        {"a striker", [](const Player& p) { return startsWith(p.Position, "STR"); }},
+    };
+    for (const Club& c : s.Clubs)
+        for (const Case& k : cases)
+            EXPECT_TRUE(std::any_of(c.Players.begin(), c.Players.end(), k.holds)) << c.Name << " lacks " << k.what;
+
+    // Across the league: the grade bands of potential, #NULL# figures read as 0, sides of the pitch.
+    std::set<std::string> grades, sides;
+    bool nullPerf = false, nullFive = false;
+    for (const Club& c : s.Clubs)
+        for (const Player& p : c.Players) {
+            grades.insert(potentialGrade(p.Potential));
+            sides.insert(p.Position.substr(3));
+            nullPerf = nullPerf || p.AverageSeasonPerf == 0;
+            nullFive = nullFive || p.LastFivePerf[0] == 0;
+        }
+    EXPECT_EQ(grades.size(), 8u);
+    EXPECT_EQ(sides, (std::set<std::string>{"C", "L", "P", "R"}));
+    EXPECT_TRUE(nullPerf);
+    EXPECT_TRUE(nullFive);
+}
+
+TEST(DemoLeague, ClubExportHoldsEveryClubWithItsTail) {
+    TempDir t;
+    const DemoOptions o = small(6);
+    makeDemoLeague(t.path(), o);
+    const demo::League league(o);
+    const Session s = load(t.path());
+    ASSERT_EQ(s.ExportClubs.size(), size_t(o.exportClubs));
+    ASSERT_EQ(league.clubs().size(), s.ExportClubs.size());
+
+    int managed = 0;
+    bool multiWordLoan = false, multiWordColours = false;
+    for (size_t i = 0; i < s.ExportClubs.size(); ++i) {
+        const ExportClub& got = s.ExportClubs[i];
+        const demo::DemoClub& want = league.clubs()[i];
+        ASSERT_EQ(got.Name, want.Name);
+        ASSERT_EQ(got.Players.size(), want.Players.size()) << got.Name;
+        managed += want.managed();
+        for (size_t k = 0; k < got.Players.size(); ++k) {
+            const ExportPlayer& p = got.Players[k];
+            EXPECT_TRUE(p == league.expectedExportPlayer(want, want.Players[k])) << got.Name << " / " << p.Name;
+            EXPECT_EQ(p.Managed, want.managed() ? "Y" : "N");
+            if (p.LoanClub.find(' ') != std::string::npos) {
+                multiWordLoan = true;
+                EXPECT_GT(p.Loan, 0);
+                EXPECT_EQ(p.LoanClub, want.Players[k].loanFrom);
+            }
+            multiWordColours = multiWordColours || Tokens(p.Colours).count() >= 3;
+        }
+    }
+    EXPECT_EQ(managed, o.clubs);
+    EXPECT_TRUE(multiWordLoan);
+    EXPECT_TRUE(multiWordColours);
+}
+
+TEST(DemoLeague, NoScheduledMatchesGivesAnEmptyNeutralFixture) {
+    // Find a seed whose first week has the line, then check what the session makes of it.
+    uint64_t seed = 0;
+    std::string key;
+    for (uint64_t candidate = 1; candidate < 60 && key.empty(); ++candidate) {
+        const demo::League league(small(candidate));
+        for (const demo::DemoClub* c : league.managedClubs())
+            if (!c->MatchLines.empty() && c->MatchLines[0] == kNoScheduledMatches) {
+                seed = candidate;
+                key = c->Key;
+            }
+    }
+    ASSERT_FALSE(key.empty()) << "no seed below 60 has a week without matches";
+    TempDir t;
+    makeDemoLeague(t.path(), small(seed));
+    const Session s = load(t.path());
+    const auto club = std::find_if(s.Clubs.begin(), s.Clubs.end(), [&](const Club& c) { return c.ClubFile == key; });
+    ASSERT_NE(club, s.Clubs.end());
+    ASSERT_EQ(club->FixtureCount, 1);
+    EXPECT_EQ(club->Fixtures[0].Venue, "N");
+    EXPECT_EQ(club->Fixtures[0].Opponent, "");
+    EXPECT_EQ(club->Fixtures[0].Competition, "");
+}
+
+TEST(DemoLeague, ArchivesHoldTheWeeksAndTheFirstIsUnpacked) {
+    TempDir t;
+    DemoOptions o = small(7);
+    o.weeks = 3;
+    makeDemoLeague(t.path(), o);
+
+    std::vector<Club> weeks;  // the first club as each week's Squadsheet gives it
+    std::set<std::string> stamps;
+    for (int w = 1; w <= 3; ++w) {
+        SCOPED_TRACE("week " + std::to_string(w));
+        const fs::path dir = t.path() / "Archives" / ("week" + std::to_string(w));
+        const std::vector<std::string> squads = listZip(dir / "squad.zip");
+        ASSERT_EQ(squads.size(), size_t(o.clubs));
+        // Load New Turn's test: an upper-case "SQUA.TXT" that isn't the club export.
+        for (const std::string& n : squads) {
+            EXPECT_NE(n.find("SQUA.TXT"), std::string::npos) << n;
+            EXPECT_NE(upper(n), "CLUBSQUA.TXT");
+        }
+        const std::vector<std::string> weekly = listZip(dir / "weekly.zip");
+        EXPECT_TRUE(std::any_of(weekly.begin(), weekly.end(),
+                                [](const std::string& n) { return upper(n) == "CLUBSQUA.TXT"; }));
+
+        TempDir out;
+        extractZip(dir / "squad.zip", out.path());
+        std::string stamp;
+        weeks.push_back(readSquadsheet(readLines(out.path() / squads[0]), squads[0], clubFileFromName(squads[0]), stamp));
+        stamps.insert(stamp);
+        if (w == 1) {
+            // The game folder holds week 1, byte for byte.
+            for (const std::string& n : squads) EXPECT_TRUE(out.read(n) == t.read("Squadsheets/" + n)) << n;
+            TempDir wk;
+            extractZip(dir / "weekly.zip", wk.path());
+            EXPECT_TRUE(wk.read("clubsqua.txt") == t.read("Weekly/clubsqua.txt"));
+        }
+    }
+    EXPECT_EQ(stamps.size(), 3u) << "every week has its own turn stamp";
+
+    // The league moves on: some figure of the squad, the money and the fixtures change.
+    for (size_t w = 1; w < weeks.size(); ++w) {
+        const Club &before = weeks[w - 1], &after = weeks[w];
+        EXPECT_NE(before.Balance, after.Balance);
+        EXPECT_NE(before.ReportLines, after.ReportLines);
+        bool fitnessMoved = false;
+        for (size_t i = 0; i < before.Players.size() && i < after.Players.size(); ++i)
+            fitnessMoved = fitnessMoved || before.Players[i].Injury != after.Players[i].Injury ||
+                           before.Players[i].SuspPoints != after.Players[i].SuspPoints;
+        EXPECT_TRUE(fitnessMoved);
+    }
+}
+
+TEST(DemoLeague, HistoryFilesHoldEveryResultBeforeTheFirstWeek) {
+    TempDir t;
+    DemoOptions o = small(8);
+    o.clubs = 4;
+    makeDemoLeague(t.path(), o);
+    const demo::League league(o);
+    const std::string firstDate = demo::yyyymmdd(league.turnDate());
+    std::set<std::string> results;
+    for (const demo::DemoClub* c : league.managedClubs()) {
+        const fs::path path = t.path() / (c->Key + "HST.TXT");
+        ASSERT_TRUE(fs::exists(path)) << path;
+        EXPECT_EQ(fs::file_size(path) % kHistoryRecordLength, 0u);
+        const std::vector<HistoryRecord> records = readHistoryFile(path);
+        ASSERT_EQ(records, c->History);
+        for (const HistoryRecord& h : records) {
+            results.insert(h.Result);
+            EXPECT_LT(h.Date, firstDate);
+            EXPECT_GE(historySkillIndex(h.Skill), 0) << h.Skill;
+            EXPECT_EQ(h.Result == "Y", h.NewValue > 0);
+        }
+        EXPECT_TRUE(std::is_sorted(records.begin(), records.end(),
+                                   [](const HistoryRecord& a, const HistoryRecord& b) { return a.Date < b.Date; }));
+    }
+    EXPECT_EQ(results, (std::set<std::string>{"N", "P", "Y"}));
+}
+
+TEST(DemoLeague, FirstClubsHaveOrdersTheRulesAllow) {
+    TempDir t;
+    const DemoOptions o = small(9);
+    makeDemoLeague(t.path(), o);
+    const Session s = load(t.path());
+    ASSERT_EQ(s.ClubCount(), 3);
+    for (int c = 0; c < s.ClubCount(); ++c) {
+        const Club& club = s.Clubs[size_t(c)];
+        SCOPED_TRACE(club.Name);
+        EXPECT_TRUE(fs::exists(t.path() / "Turnsheet" / (club.ClubFile + ".txt")));
+        const bool ordered = c < o.clubsWithOrders;
+        int picked = 0, coached = 0, secondAreas = 0;
+        for (const Fixture& f : club.Fixtures) {
+            if (f.Opponent.empty()) continue;
+            std::set<std::string> names;
+            for (const TeamSlot& slot : f.Slots) {
+                if (slot.Player.empty()) continue;
+                ++picked;
+                EXPECT_TRUE(names.insert(slot.Player).second) << slot.Player << " picked twice";
+                const Player* p = club.player(club.findPlayer(slot.Player));
+                ASSERT_NE(p, nullptr) << slot.Player;
+                EXPECT_LT(p->Injury, s.InjuryLimit);
+                EXPECT_LT(p->SuspPoints, s.SuspensionLimit);
+                secondAreas += slot.Top2 > 0;
+            }
+            if (ordered) {
+                EXPECT_EQ(names.size(), 13u) << "against " << f.Opponent;
+            }
+        }
+        for (int i = 0; i < 8; ++i) {
+            const CoachOrder& order = club.coachOrder(i);
+            if (order.Player.empty()) continue;
+            ++coached;
+            const Player* p = club.player(club.findPlayer(order.Player));
+            ASSERT_NE(p, nullptr) << order.Player;
+            static const char* departments[4] = {"AGK", "DEF", "MID", "STR"};
+            EXPECT_TRUE(startsWith(p->Position, departments[i % 4])) << order.Player;
+            EXPECT_EQ(p->Age < 18, i >= 4) << order.Player;
+            EXPECT_GE(order.Skill, 1);
+            EXPECT_LE(order.Skill, 9);
+        }
+        int points = 0;
+        for (size_t k = 0; k < 3; ++k) {
+            if (club.PhysioPlayer[k].empty()) continue;
+            const Player* p = club.player(club.findPlayer(club.PhysioPlayer[k]));
+            ASSERT_NE(p, nullptr);
+            EXPECT_GT(p->Injury, 0) << p->Name;
+            points += club.PhysioPoints[k];
+        }
+        EXPECT_LE(points, club.Physio);
+        for (size_t k = 0; k < 4; ++k) {
+            if (club.ScoutPlayer[k].empty()) continue;
+            const auto other = std::find_if(s.ExportClubs.begin(), s.ExportClubs.end(),
+                                            [&](const ExportClub& e) { return e.Name == club.ScoutClub[k]; });
+            ASSERT_NE(other, s.ExportClubs.end()) << club.ScoutClub[k];
+            EXPECT_TRUE(std::any_of(other->Players.begin(), other->Players.end(),
+                                    [&](const ExportPlayer& p) { return p.Name == club.ScoutPlayer[k]; }));
+        }
+        if (ordered) {
+            EXPECT_GT(picked, 0);
+            EXPECT_GT(coached, 0);
+            EXPECT_GT(secondAreas, 0);
+            EXPECT_FALSE(club.ScoutPlayer[0].empty());
+            EXPECT_NE(club.Movements[0].Move, 0);
+            EXPECT_FALSE(club.OneToOnePlayer.empty());
+        } else {
+            EXPECT_EQ(picked + coached, 0);
+            EXPECT_TRUE(club.ScoutPlayer[0].empty());
+            EXPECT_EQ(club.Movements[0].Move, 0);
+        }
+    }
+}
+
+TEST(DemoLeague, MakingAgainReplacesLastWeeksFilesAndLeavesTheManagersOwn) {
+    TempDir t;
+    makeDemoLeague(t.path(), small(10));
+    // Files of an older league, and the manager's own notes.
+    t.write("Squadsheets/oldSQUA.TXT", "stale");
+    t.write("Turnsheet/old.txt", "stale");
+    t.write("Weekly/NEWSINC.TXT", "stale");
+    const std::string notes = "Sell the keeper\r\nWatch the wingers\r\n";
+    t.write("notepad.kst", notes);
+
+    makeDemoLeague(t.path(), small(10));
+    EXPECT_FALSE(fs::exists(t.path() / "Squadsheets/oldSQUA.TXT"));
+    EXPECT_FALSE(fs::exists(t.path() / "Turnsheet/old.txt"));
+    EXPECT_FALSE(fs::exists(t.path() / "Weekly/NEWSINC.TXT"));
+    EXPECT_EQ(t.read("notepad.kst"), notes);
+    const Session s = load(t.path());
+    EXPECT_TRUE(s.LoadProblems.empty());
+    EXPECT_EQ(s.ClubCount(), 3);
+}
+
+TEST(DemoLeague, LargeLeagueLoadsWhole) {
+    TempDir t;
+    const DemoOptions o = largeDemoOptions();
+    makeDemoLeague(t.path(), o);
+    const Session s = load(t.path());
+    EXPECT_TRUE(s.LoadProblems.empty());
+    EXPECT_EQ(s.ClubCount(), 30);
+    ASSERT_EQ(s.ExportClubs.size(), 2000u);
+    std::set<std::string> names;
+    int managed = 0;
+    for (const ExportClub& c : s.ExportClubs) {
+        names.insert(c.Name);
+        ASSERT_FALSE(c.Players.empty()) << c.Name;
+        if (c.Players[0].Managed == "Y")
+            ++managed;
+        else
+            EXPECT_EQ(c.Players.size(), 25u) << c.Name;
+    }
+    EXPECT_EQ(managed, 30);
+    EXPECT_EQ(names.size(), 2000u) << "club names are unique";
+}
