@@ -67,6 +67,10 @@ bool isSymlinkEntry(zip_t* z, zip_uint64_t index) {
 }  // namespace
 
 void writeZip(const std::filesystem::path& zipPath, const std::vector<ZipEntry>& entries) {
+    writeZip(zipPath, entries, 0);
+}
+
+void writeZip(const std::filesystem::path& zipPath, const std::vector<ZipEntry>& entries, std::time_t modified) {
     std::filesystem::path tmp = zipPath;
     tmp += ".part";
     std::error_code ec;
@@ -76,8 +80,9 @@ void writeZip(const std::filesystem::path& zipPath, const std::vector<ZipEntry>&
     if (!z) throw WriteError(zipPath.string(), "the archive could not be created");
     for (const ZipEntry& e : entries) {
         zip_source_t* src = zip_source_buffer(z, e.bytes.data(), e.bytes.size(), 0);
-        if (!src || zip_file_add(z, e.name.c_str(), src, ZIP_FL_OVERWRITE | ZIP_FL_ENC_UTF_8) < 0) {
-            if (src) zip_source_free(src);
+        zip_int64_t index = src ? zip_file_add(z, e.name.c_str(), src, ZIP_FL_OVERWRITE | ZIP_FL_ENC_UTF_8) : -1;
+        if (index < 0 || (modified != 0 && zip_file_set_mtime(z, zip_uint64_t(index), modified, 0) != 0)) {
+            if (src && index < 0) zip_source_free(src);
             zip_discard(z);
             throw WriteError(zipPath.string(), "the entry " + e.name + " could not be added");
         }
@@ -138,23 +143,17 @@ std::vector<std::filesystem::path> extractZip(const std::filesystem::path& zipPa
         chosen.push_back({zip_uint64_t(i), name});
     }
 
-    std::vector<std::filesystem::path> written;
-    for (const Chosen& c : chosen) {
-        std::filesystem::path out = targetDir;
-        std::string normal = c.name;
-        for (char& ch : normal)
-            if (ch == '\\') ch = '/';
-        out /= std::filesystem::path(normal).relative_path();
-        if (!normal.empty() && normal.back() == '/') {
-            std::error_code ec;
-            std::filesystem::create_directories(out, ec);
-            continue;
-        }
+    // Every entry is read whole before the first is written, so a damaged
+    // archive leaves nothing half unpacked.
+    std::vector<std::string> contents(chosen.size());
+    for (size_t k = 0; k < chosen.size(); ++k) {
+        const Chosen& c = chosen[k];
+        if (!c.name.empty() && (c.name.back() == '/' || c.name.back() == '\\')) continue;
         zip_file_t* f = zip_fopen_index(z.get(), c.index, 0);
         if (!f)
             throw ArchiveError("The archive " + archiveName(zipPath) + " is damaged: the entry \"" + c.name +
                                "\" can't be read. Ask for the file to be sent again.");
-        std::string bytes;
+        std::string& bytes = contents[k];
         char buf[65536];
         zip_int64_t got;
         while ((got = zip_fread(f, buf, sizeof buf)) > 0) bytes.append(buf, size_t(got));
@@ -162,9 +161,22 @@ std::vector<std::filesystem::path> extractZip(const std::filesystem::path& zipPa
         if (got < 0)
             throw ArchiveError("The archive " + archiveName(zipPath) + " is damaged: the entry \"" + c.name +
                                "\" is cut short. Ask for the file to be sent again.");
+    }
+
+    std::vector<std::filesystem::path> written;
+    for (size_t k = 0; k < chosen.size(); ++k) {
+        std::filesystem::path out = targetDir;
+        std::string normal = chosen[k].name;
+        for (char& ch : normal)
+            if (ch == '\\') ch = '/';
+        out /= std::filesystem::path(normal).relative_path();
         std::error_code ec;
+        if (!normal.empty() && normal.back() == '/') {
+            std::filesystem::create_directories(out, ec);
+            continue;
+        }
         std::filesystem::create_directories(out.parent_path(), ec);
-        writeFileAtomic(out, bytes);
+        writeFileAtomic(out, contents[k]);
         written.push_back(out);
     }
     return written;

@@ -1,5 +1,6 @@
 #pragma once
 // Zip archives: the squad archive and weekly.zip the administrator mails.
+#include <ctime>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -20,6 +21,9 @@ struct ZipEntry {
 
 // Writes a new archive (atomically: temporary file, then rename).
 void writeZip(const std::filesystem::path& zipPath, const std::vector<ZipEntry>& entries);
+// The same with every entry dated `modified` (seconds since 1970) instead of
+// now, so that the same entries always make the same bytes.
+void writeZip(const std::filesystem::path& zipPath, const std::vector<ZipEntry>& entries, std::time_t modified);
 
 // The entry names of an archive, in archive order.
 std::vector<std::string> listZip(const std::filesystem::path& zipPath);
