@@ -10,6 +10,7 @@
 #include "demo/demo.h"
 #include "demo/league.h"
 #include "files/archive.h"
+#include "files/loadturn.h"
 #include "files/squadsheet.h"
 #include "orders/history.h"
 #include "support/testsupport.h"
@@ -334,6 +335,8 @@ TEST(DemoLeague, ArchivesHoldTheWeeksAndTheFirstIsUnpacked) {
         const std::vector<std::string> weekly = listZip(dir / "weekly.zip");
         EXPECT_TRUE(std::any_of(weekly.begin(), weekly.end(),
                                 [](const std::string& n) { return upper(n) == "CLUBSQUA.TXT"; }));
+        EXPECT_TRUE(isSquadArchive(squads));
+        EXPECT_TRUE(isWeeklyArchive(weekly));
 
         TempDir out;
         extractZip(dir / "squad.zip", out.path());
@@ -360,6 +363,34 @@ TEST(DemoLeague, ArchivesHoldTheWeeksAndTheFirstIsUnpacked) {
             fitnessMoved = fitnessMoved || before.Players[i].Injury != after.Players[i].Injury ||
                            before.Players[i].SuspPoints != after.Players[i].SuspPoints;
         EXPECT_TRUE(fitnessMoved);
+    }
+}
+
+TEST(DemoLeague, LaterWeeksLoadAsNewTurns) {
+    TempDir t;
+    DemoOptions o = small(13);
+    o.weeks = 3;
+    makeDemoLeague(t.path(), o);
+    demo::League league(o);
+    RecordingMessages messages;
+    Session s = loadSession(t.path(), messages);
+    ASSERT_EQ(s.TurnStamp, league.turnStamp());
+    for (int w = 2; w <= 3; ++w) {
+        SCOPED_TRACE("week " + std::to_string(w));
+        league.nextWeek();
+        const fs::path dir = t.path() / "Archives" / ("week" + std::to_string(w));
+        ASSERT_TRUE(loadNewTurn(s, (dir / "squad.zip").string(), (dir / "weekly.zip").string(), messages));
+        EXPECT_TRUE(s.LoadProblems.empty()) << (s.LoadProblems.empty() ? "" : s.LoadProblems[0]);
+        EXPECT_EQ(s.TurnStamp, league.turnStamp());
+        EXPECT_FALSE(s.SameTurn);
+        ASSERT_EQ(s.ClubCount(), o.clubs);
+        for (const Club& got : s.Clubs) {
+            const demo::DemoClub* model = managedByKey(league, got.ClubFile);
+            ASSERT_NE(model, nullptr) << got.ClubFile;
+            EXPECT_EQ(got.Players, league.expectedClub(*model).Players) << got.Name;
+            EXPECT_EQ(got.Balance, model->Header.Balance) << got.Name;
+        }
+        EXPECT_EQ(s.ExportClubs.size(), size_t(o.exportClubs));
     }
 }
 
