@@ -7,11 +7,14 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <map>
 
 #include "core/errors.h"
 #include "core/gamefolder.h"
+#include "core/loader.h"
 #include "core/messages.h"
 #include "core/session.h"
+#include "demo/demo.h"
 #include "files/turnsheet.h"
 #include "support/testsupport.h"
 
@@ -824,4 +827,82 @@ TEST(TurnsheetSave, SavePromptAsksOnceAndSavesOnYes) {
         EXPECT_FALSE(fs::exists(dir.path() / "Turnsheet")) << c.answer;
         EXPECT_TRUE(s.TurnChanged);
     }
+}
+
+namespace {
+
+std::map<std::string, std::string> turnsheetsIn(const fs::path& game) {
+    std::map<std::string, std::string> out;
+    for (const auto& e : fs::directory_iterator(game / "Turnsheet"))
+        out[e.path().filename().string()] = readFileBytes(e.path());
+    return out;
+}
+
+DemoOptions smallLeague() {
+    DemoOptions o;
+    o.seed = 7;
+    o.exportClubs = 30;
+    return o;
+}
+
+}  // namespace
+
+TEST(TurnsheetDemo, LoadSaveLoadSaveChangesNothing) {
+    TempDir dir;
+    makeDemoLeague(dir.path(), smallLeague());
+    const auto made = turnsheetsIn(dir.path());
+
+    RecordingMessages messages;
+    Session first = loadSession(dir.path(), messages);
+    ASSERT_TRUE(first.LoadProblems.empty()) << first.LoadProblems.front();
+    ASSERT_GE(first.ClubCount(), 2);
+    // The orders must be there to survive, or this proves nothing.
+    ASSERT_FALSE(first.Clubs[0].GoalkeeperSenior.Player.empty() && first.Clubs[0].DefenceSenior.Player.empty());
+    ASSERT_NE(first.Clubs[0].Movements[0].Move, 0);
+    saveTurnsheets(first, messages);
+    const auto once = turnsheetsIn(dir.path());
+
+    Session second = loadSession(dir.path(), messages);
+    saveTurnsheets(second, messages);
+    const auto twice = turnsheetsIn(dir.path());
+
+    EXPECT_EQ(once.size(), size_t(first.ClubCount()));
+    EXPECT_EQ(once, made);
+    EXPECT_EQ(twice, once);
+    ASSERT_EQ(second.ClubCount(), first.ClubCount());
+    for (int c = 0; c < first.ClubCount(); ++c)
+        EXPECT_TRUE(second.Clubs[size_t(c)] == first.Clubs[size_t(c)]) << first.Clubs[size_t(c)].Name;
+}
+
+TEST(TurnsheetDemo, UnreadableTurnsheetLeavesTheClubAsItsSquadsheetAndTheFileAsItIs) {
+    TempDir dir;
+    makeDemoLeague(dir.path(), smallLeague());
+    RecordingMessages messages;
+    const Session before = loadSession(dir.path(), messages);
+    ASSERT_FALSE(before.Clubs.empty());
+    const Club& club = before.Clubs[0];
+    const fs::path file = turnsheetPath(before, club);
+
+    // The club as a session without its Turnsheet gives it.
+    const std::string good = readFileBytes(file);
+    fs::remove(file);
+    const Session bare = loadSession(dir.path(), messages);
+
+    std::vector<std::string> lines = splitLines(good);
+    const auto tactics = std::find(lines.begin(), lines.end(), "Tactics:");
+    ASSERT_NE(tactics, lines.end());
+    *(tactics + 1) = "four";
+    std::string bad;
+    for (const std::string& l : lines) bad += l + "\r\n";
+    dir.write(fs::relative(file, dir.path()).string(), bad);
+
+    RecordingMessages told;
+    const Session after = loadSession(dir.path(), told);
+    ASSERT_EQ(after.LoadProblems.size(), 1u);
+    EXPECT_NE(after.LoadProblems[0].find("line " + std::to_string(tactics - lines.begin() + 2)), std::string::npos)
+        << after.LoadProblems[0];
+    EXPECT_NE(after.LoadProblems[0].find("a number for \"Tactics:\""), std::string::npos) << after.LoadProblems[0];
+    EXPECT_TRUE(after.Clubs[0] == bare.Clubs[0]);
+    EXPECT_FALSE(after.Clubs[0] == club);
+    EXPECT_EQ(readFileBytes(file), bad);
 }
