@@ -11,7 +11,9 @@ using namespace kestrin;
 namespace {
 
 // A Squadsheet of three players, every field in the columns the game prints
-// it in. Line numbers are given on the right; the tests below rely on them.
+// it in. The second player's lines run right up to the column where each
+// later table's fields begin. Line numbers are on the right; the tests below
+// rely on them.
 std::vector<std::string> sampleSheet() {
     return {
         "Club and player information for Kestrel Rovers",                                            // 1
@@ -45,7 +47,7 @@ std::vector<std::string> sampleSheet() {
         "----------------------------------------------------------------------------",               // 29
         "Tom Baxter          (4)     England       DEFC 24 12 10 15 9 4 6 14 8 5 13 7 15 16 103 1 0",  // 30
         "   ",                                                                                        // 31
-        "Juan de la Fuente   (9)     Spain         STRC 29 11 14 3 12 16 15 5 13 12 9 10 16 17 120 0 3",  // 32
+        "Juan de la Fuente        (9)Spain         STRC 29 11 14 3 12 16 15 5 13 12 9 10 16 17 120 0 3",  // 32
         "Ole Nyberg          (1)     Faroe Islands AGKP 19 4 6 2 5 1 2 3 2 4 9 3 9 8 41 2 12",         // 33
         "   OTHER SQUAD DETAILS   ",                                                                  // 34
         "",                                                                                           // 35
@@ -56,33 +58,33 @@ std::vector<std::string> sampleSheet() {
         "",                                                                                           // 40
         "----------",                                                                                 // 41
         "Tom Baxter           DEFC 2 0 3 N N 0 14 9 6 #NULL# 1 125000.5",                              // 42
-        "Juan de la Fuente    STRC 4 1 7 Y Y 9 17 11 8 72 6 330001.5",                                 // 43
+        "Juan de la Fuente     STRC4 1 7 Y Y 9 17 11 8 72 6 330001.5",                                 // 43
         "Ole Nyberg           AGKP 0 0 0 N N 0 5 3 2 61 0 40000",                                      // 44
         "        CONTRACT AND STATUS DETAILS",                                                        // 45
         "Name                 Pos  Con Wages Loan Club/Reserves",                                     // 46
         "----------",                                                                                 // 47
         "Tom Baxter           DEFC 3 #NULL# 0 2",                                                      // 48
-        "Juan de la Fuente    STRC 1 2400 6 Harwick 0",                                                // 49
+        "Juan de la Fuente     STRC1 2400 6 Harwick 0",                                                // 49
         "Ole Nyberg           AGKP 2 900 1 Port Elm 0",                                                // 50
         "PERFORMANCES FOR THE LAST FIVE MATCHES (#NULL# denotes did not play)",                       // 51
         "",                                                                                           // 52
         "Name                 Pos  Age  1  2  3  4  5 Pot Special",                                   // 53
         "----------",                                                                                 // 54
         "Tom Baxter           DEFC 24 61 #NULL# 58 70 66 23 Heading",                                  // 55
-        "Juan de la Fuente    STRC 29 72 75 #NULL# #NULL# 81 35 Finishing",                            // 56
+        "Juan de la Fuente    STRC /2972 75 #NULL# #NULL# 81 35 Finishing",                            // 56
         "",                                                                                           // 57
         "Ole Nyberg           AGKP 19 #NULL# #NULL# #NULL# #NULL# #NULL# 12 None",                     // 58
         "CAREER RECORDS",                                                                             // 59
         "Name                 Pos  Nationality         Apps Gls Perf Shirt",                          // 60
         "----------",                                                                                 // 61
         "Tom Baxter           DEFC England             #NULL# 3 55 60 62 4 1200 7",                    // 62
-        "Juan de la Fuente    STRC Spain               141 58 70 #NULL# 74 9 98000 12",                // 63
+        "Juan de la Fuente    STRC              (Spain)141 58 70 #NULL# 74 9 98000 12",                // 63
         "Ole Nyberg           AGKP Faroe Islands       2 0 #NULL# 40 #NULL# 1 0 0",                    // 64
         "PORTRAIT FEATURES (hair, eyes, nose, mouth, skin, build, shirt, extra)",                     // 65
         "Name                 Pos  Nationality         Features",                                     // 66
         "----------",                                                                                 // 67
         "Tom Baxter           DEFC England             1 4 2 7 3 5 1 2",                               // 68
-        "Juan de la Fuente    STRC Spain               3 2 6 1 4 2 2 8",                               // 69
+        "Juan de la Fuente    STRC              (Spain)3 2 6 1 4 2 2 8",                               // 69
         "Ole Nyberg           AGKP Faroe Islands       2 2 2 2 2 2 2 2.5",                             // 70
         "**************************************************  Turn 312 on 12/03/2024",                 // 71
         "Turnsheet processed for Kestrel Rovers",                                                     // 72
@@ -382,9 +384,9 @@ TEST(Squadsheet, RefusesABadFileNamingLineAndField) {
         std::string found;
     } cases[] = {
         {"text in a player's number field",
-         setLine(32, "Juan de la Fuente   (9)     Spain         STRC 2x 11 14 3 12 16 15 5 13 12 9 10 16 17 120 0 3"),
+         setLine(32, "Juan de la Fuente        (9)Spain         STRC 2x 11 14 3 12 16 15 5 13 12 9 10 16 17 120 0 3"),
          32, "a number for Age", "2x"},
-        {"#NULL# in a field without that rule", setLine(43, "Juan de la Fuente    STRC 4 1 7 Y Y 9 17 11 8 72 #NULL# 1"),
+        {"#NULL# in a field without that rule", setLine(43, "Juan de la Fuente     STRC4 1 7 Y Y 9 17 11 8 72 #NULL# 1"),
          43, "a number for Goals", "#NULL#"},
         {"text in a number of the club's details",
          setLine(3, "CLUB COLOURS Red / Number of credits = twelve / Stamp credits = 3"), 3,
