@@ -15,20 +15,6 @@ constexpr const char* kUsedTitle = "Only one departmental coach action allowed p
 
 }  // namespace
 
-TEST(Coaching, SkillCodesFromColumnHeads) {
-    struct Case {
-        const char* head;
-        int code;
-    } cases[] = {{"Pass", 1},    {"Control", 2}, {"Tackle", 3},     {"Run", 4},      {"Shoot", 5},
-                 {"Dribble", 6}, {"DefHd", 7},   {"OffHd", 8},      {"Strength", 9}, {"Flair", 0},
-                 {"Creativity", 0}, {"Agg", 0},  {"TS", 0},         {"pass", 0},     {"", 0},
-                 {"Name   (Last No)", 0}};
-    for (const Case& c : cases) EXPECT_EQ(coachingSkillCode(c.head), c.code) << c.head;
-    EXPECT_EQ(coachingSkillName(9), "Strength");
-    EXPECT_EQ(coachingSkillName(0), "");
-    EXPECT_EQ(coachingSkillName(10), "");
-}
-
 TEST(Coaching, RefusalsInTheOrderOfTheChecks) {
     struct Case {
         const char* what;

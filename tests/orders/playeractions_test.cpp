@@ -211,32 +211,3 @@ TEST(PlayerActions, SeventhActionOfAnyKindIsRefused) {
     EXPECT_EQ(secretlyList(club, "Hal Odd", "5").text, kLimitText);
     EXPECT_EQ(club, before);
 }
-
-TEST(PlayerActions, DialogLayoutByButton) {
-    struct Case {
-        PlayerAction action;
-        const char* prompt;
-        bool amount, contract, club;
-        int height;
-    } cases[] = {
-        {PlayerAction::SellToClub, "Sell Ann Lee to another club. Enter amount and club name", true, false, true, 6555},
-        {PlayerAction::SecretlyList, "Secretly list Ann Lee. Enter the amount agreed with the other club", true, false,
-         false, 2370},
-        {PlayerAction::OfferContract, "Offer contract to Ann Lee. Enter contract length and optional incentive", true,
-         true, false, 2370},
-    };
-    for (const Case& c : cases) {
-        PlayerActForm f = playerActForm(c.action, "Ann Lee");
-        EXPECT_EQ(f.prompt, c.prompt);
-        EXPECT_EQ(f.amount, c.amount);
-        EXPECT_EQ(f.contract, c.contract);
-        EXPECT_EQ(f.club, c.club);
-        EXPECT_EQ(f.height, c.height);
-    }
-}
-
-TEST(PlayerActions, ClubListOffersEveryClubOfTheGameInExportOrder) {
-    Session s;
-    for (const char* n : {"Rovers", "Athletic", "Zebra Park"}) s.ExportClubs.push_back(ExportClub{n, {}});
-    EXPECT_EQ(actionClubNames(s), (std::vector<std::string>{"Rovers", "Athletic", "Zebra Park"}));
-}
