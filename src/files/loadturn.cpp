@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "core/clubview.h"
 #include "core/errors.h"
 #include "core/text.h"
 #include "files/archive.h"
@@ -123,18 +124,6 @@ void deleteFilesIn(const fs::path& dir) {
     }
 }
 
-// The texts the main menu's four order boxes show for a club: its order, or
-// the first line of its box when empty or when works are pending.
-void shownOrders(const Club& c, std::string& bet, std::string& fac, std::string& cap, std::string& dept) {
-    bet = c.BettingOrder.empty() ? "No betting this week" : c.BettingOrder;
-    fac = c.FacilityOrder.empty() ? "No facility increase this week" : c.FacilityOrder;
-    cap = c.CapacityOrder.empty() ? "No capacity increase this week" : c.CapacityOrder;
-    dept = c.DepartmentOrder.empty() ? "No department increase this week" : c.DepartmentOrder;
-    if (upper(c.CapacityUpgrade).find("ACTION") != std::string::npos) cap = "No capacity increase this week";
-    if (upper(c.FacilityUpgrade).find("ACTION") != std::string::npos) fac = "No facility increase this week";
-    if (val(c.DepartmentUpgrade) > 0) dept = "No department increase this week";
-}
-
 }  // namespace
 
 bool loadNewTurn(Session& session, const std::string& squadZip, const std::string& weeklyZip, Messages& messages,
@@ -244,17 +233,18 @@ bool loadNewTurn(Session& session, const std::string& squadZip, const std::strin
     deleteFilesIn(turnDir);
 
     if (!fresh.Clubs.empty()) {
-        std::string bet, fac, cap, dept;
-        shownOrders(fresh.Clubs[size_t(fresh.CurrentClub)], bet, fac, cap, dept);
+        // Every club takes the four texts that the main menu's boxes now show.
+        Club shown = fresh.Clubs[size_t(fresh.CurrentClub)];
+        fillWeeklyChoices(shown);
         for (Club& c : fresh.Clubs) {
             c.ScoutPlayer = {};
             c.ScoutClub = {};
             c.ScoutAggressive = {};
             c.Movements = {};
-            c.BettingOrder = bet;
-            c.FacilityOrder = fac;
-            c.CapacityOrder = cap;
-            c.DepartmentOrder = dept;
+            c.BettingOrder = shown.BettingOrder;
+            c.FacilityOrder = shown.FacilityOrder;
+            c.CapacityOrder = shown.CapacityOrder;
+            c.DepartmentOrder = shown.DepartmentOrder;
         }
     }
     session = std::move(fresh);
