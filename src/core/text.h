@@ -51,6 +51,11 @@ private:
     std::vector<std::string> items_;
 };
 
+// The same split as views into `line`, which must outlive them. `out` is
+// cleared first and its room reused, so a reader of many lines can split
+// them without allocating.
+void splitTokens(std::string_view line, std::vector<std::string_view>& out, char delimiter = ' ');
+
 // The lenient reading: the leading number of a text, 0 when there is none.
 // Leading blanks are skipped; "12abc" gives 12, "-3.5x" gives -3.5.
 double val(std::string_view s);
