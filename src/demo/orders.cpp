@@ -2,9 +2,12 @@
 // screen and the Turnsheet have something to show.
 #include <algorithm>
 
+#include "core/clubview.h"
+
 #include "core/text.h"
 #include "demo/league.h"
 #include "match/pitch.h"
+#include "orders/playeractions.h"
 
 namespace kestrin::demo {
 
@@ -132,7 +135,7 @@ void giveOrders(Session& s, int clubs, uint64_t seed) {
         if (!others.empty()) {
             const ExportClub& e = *others[size_t(rng.range(0, int(others.size()) - 1))];
             Movement& bid = club.Movements[move++];
-            bid.Move = 7;
+            bid.Move = kMoveBid;
             bid.Player = e.Players.back().Name;
             bid.Club = e.Name;
             bid.Fee = rng.range(10, 80) * 5000;
@@ -144,13 +147,16 @@ void giveOrders(Session& s, int clubs, uint64_t seed) {
                 Movement& renew = club.Movements[move++];
                 renew.Move = 3;
                 renew.Player = p.Name;
-                renew.Contract = rng.range(52, 104);
+                renew.Contract = int32_t(6 * rng.range(1, 4));  // the lengths a contract offer allows
                 break;
             }
 
-        club.CapacityOrder = club.CapacityUpgrade;
-        club.FacilityOrder = club.FacilityUpgrade;
-        club.DepartmentOrder = club.DepartmentUpgrade;
+        // Lines of the main menu's boxes; works under way leave nothing to order.
+        club.BettingOrder = c == 0 ? "Bet this week" : "No betting this week";
+        club.CapacityOrder = "Action capacity increase";
+        club.FacilityOrder = "No facility increase this week";
+        club.DepartmentOrder = c == 0 ? "Physio Department increase" : "No department increase this week";
+        fillWeeklyChoices(club);
         club.Messages = "Good luck to every manager this week";
         club.Private = "";
         club.PrivateMessages = "";
