@@ -185,8 +185,11 @@ double parseDecimal(std::string_view field, bool nullIsZero) {
 
 int16_t parseInt16(std::string_view field, bool nullIsZero) {
     double d = parseDecimal(field, nullIsZero);
+    // Rounding to 64 bits is only defined for numbers that fit, so the size
+    // is told first.
+    if (std::fabs(d) > 1e12) throw FieldError("a number from -32768 to 32767", std::string(field));
     int64_t r = roundHalfEven(d);
-    if (std::fabs(d) > 1e12 || r < std::numeric_limits<int16_t>::min() || r > std::numeric_limits<int16_t>::max())
+    if (r < std::numeric_limits<int16_t>::min() || r > std::numeric_limits<int16_t>::max())
         throw FieldError("a number from -32768 to 32767", std::string(field));
     return static_cast<int16_t>(r);
 }
