@@ -1,0 +1,214 @@
+#include "core/preferences.h"
+
+#include <gtest/gtest.h>
+
+#include "core/errors.h"
+#include "core/gamefolder.h"
+#include "support/testsupport.h"
+
+using namespace kestrin;
+using kestrin::test::TempDir;
+
+namespace {
+
+Session sessionIn(const TempDir& dir) {
+    Session s;
+    s.Folder = GameFolder(dir.path());
+    s.Prefs = defaultSettings(dir.path());
+    return s;
+}
+
+// The values of kestrin.ini, one a line, CR LF.
+std::vector<std::string> iniLines(const TempDir& dir) { return splitLines(dir.read("kestrin.ini")); }
+
+}  // namespace
+
+TEST(Preferences, InjuryFigureAsTyped) {
+    struct Case {
+        const char* typed;
+        std::optional<int16_t> stored;
+    } cases[] = {
+        {"", std::nullopt}, {"0", 1},  {"1", 1},     {"7", 7},   {"10", 10}, {"11", 10},
+        {"12", 10},         {"99", 10}, {"-3", 1},   {"7abc", 7}, {"abc", 1}, {"05", 5},
+    };
+    for (const Case& c : cases) EXPECT_EQ(injuryLimitFromText(c.typed), c.stored) << '"' << c.typed << '"';
+}
+
+TEST(Preferences, WatchCaptionsFromTheLeaguesOfGameIni) {
+    struct Case {
+        const char* what;
+        std::array<std::string, 9> leagues;
+        std::array<std::string, kWatchOptionCount> captions;
+    } cases[] = {
+        {"eight leagues",
+         {"ignored", "Premier Division", "First Division", "Second Division", "Third Division", "Northern Alliance",
+          "Southern Alliance", "Western Counties", "Eastern Counties"},
+         {"Watch Premier Division / Cups", "Watch First Division / Cups", "Watch Second Division / Cups",
+          "Watch Third Division / Cups", "Watch Northern Alliance / Cups", "Watch Southern Alliance / Cups",
+          "Watch Western Counties / Cups", "Watch Eastern Counties / Cups", "Watch Spanish Premier / Cups",
+          "Watch European && Club cups", "Watch World cup", "Watch Friendlies"}},
+        {"blank leagues keep their captions, an ampersand stays one",
+         {"", "Town & Country", "  ", "Isthmian", "", "", "", "", ""},
+         {"Watch Town && Country / Cups", "Watch English 1st / Cups", "Watch Isthmian / Cups",
+          "Watch English 3rd / Cups", "Watch French Premier / Cups", "Watch German Premier / Cups",
+          "Watch Italian Premier / Cups", "Watch Scottish Premier / Cups", "Watch Spanish Premier / Cups",
+          "Watch European && Club cups", "Watch World cup", "Watch Friendlies"}},
+    };
+    for (const Case& c : cases) {
+        GameIni game;
+        game.LeagueNames = c.leagues;
+        EXPECT_EQ(watchCaptions(game), c.captions) << c.what;
+    }
+}
+
+TEST(Preferences, AlertListsHoldTheExportClubs) {
+    const std::vector<ExportClub> clubs = {{"Ashby Town", {}}, {"Birchfield", {}}, {"Carrow Rovers", {}}};
+    struct Case {
+        std::string stored;
+        int index;
+        size_t lineCount;
+    } cases[] = {
+        {"No Club Selected", 0, 4},
+        {"Birchfield", 2, 4},
+        {"Carrow Rovers", 3, 4},
+        {"Dunmore Athletic", 4, 5},  // left the export: still shown, at the end
+        {"birchfield", 4, 5},        // names are matched exactly
+    };
+    for (const Case& c : cases) {
+        std::vector<std::string> lines = alertClubLines(clubs);
+        ASSERT_EQ(lines.size(), 4u);
+        EXPECT_EQ(lines[0], "No Club Selected");
+        EXPECT_EQ(lines[3], "Carrow Rovers");
+        const int at = alertClubIndex(lines, c.stored);
+        EXPECT_EQ(at, c.index) << c.stored;
+        EXPECT_EQ(lines.size(), c.lineCount) << c.stored;
+        EXPECT_EQ(lines[size_t(at)], c.stored);
+    }
+}
+
+TEST(Preferences, EachScreenFollowsItsBackgroundOption) {
+    Settings s = defaultSettings("/games/k");
+    int16_t n = 0;
+    for (const BackgroundOption& o : kBackgroundOptions) (s.*o.choice).File = "pic" + std::to_string(++n);
+    struct Case {
+        const char* screen;
+        const char* file;  // nullptr: no option of its own
+    } cases[] = {
+        {"MainMenu", "pic1"}, {"SquadScr", "pic2"},     {"Fixt", "pic3"},        {"PitchGrid", "pic4"},
+        {"Scout", "pic5"},    {"ScoutHistory", "pic5"}, {"LastWk", "pic6"},      {"News", "pic7"},
+        {"Preferences", "pic8"}, {"AutoTurn", "pic9"},  {"Admin", nullptr},      {"mainmenu", nullptr},
+    };
+    for (const Case& c : cases) {
+        const PictureChoice* got = backgroundFor(s, c.screen);
+        if (!c.file) {
+            EXPECT_EQ(got, nullptr) << c.screen;
+            continue;
+        }
+        ASSERT_NE(got, nullptr) << c.screen;
+        EXPECT_EQ(got->File, c.file) << c.screen;
+    }
+}
+
+TEST(Preferences, FromFileCaption) {
+    struct Case {
+        PictureChoice choice;
+        const char* caption;
+    } cases[] = {
+        {{2, "/home/me/pitch.jpg"}, "From /home/me/pitch.jpg"},
+        {{0, "/home/me/pitch.jpg"}, "From File"},  // the file is remembered, not the choice
+        {{1, ""}, "From File"},
+        {{2, ""}, "From File"},
+    };
+    for (const Case& c : cases) EXPECT_EQ(fromFileCaption(c.choice), c.caption) << c.choice.File;
+}
+
+TEST(Preferences, AChangeIsWrittenAtOnceAtItsPosition) {
+    struct Case {
+        const char* what;
+        std::function<void(Settings&)> change;
+        size_t line;  // 1-based position in kestrin.ini
+        const char* value;
+    } cases[] = {
+        {"injury figure", [](Settings& s) { s.InjuryLimitSetting = 4; }, 17, " 4 "},
+        {"weekly reports", [](Settings& s) { s.Warnings = 1; }, 18, " 1 "},
+        {"news background", [](Settings& s) { s.NewsPic.File = "/p/n.gif"; }, 14, "/p/n.gif"},
+        {"third alert club", [](Settings& s) { s.VidiAlert[2] = "Birchfield"; }, 38, "Birchfield"},
+        {"friendlies", [](Settings& s) { s.VidiOpt[11] = 0; }, 43, " 0 "},
+        {"profiles", [](Settings& s) { s.SaveProf = 0; }, 47, " 0 "},
+        {"auto turn background", [](Settings& s) { s.AutoPic.Option = 2; }, 48, " 2 "},
+    };
+    for (const Case& c : cases) {
+        TempDir dir;
+        Session s = sessionIn(dir);
+        writeSettings(dir.path(), s.Prefs);
+        std::vector<std::string> expected = iniLines(dir);
+        ASSERT_EQ(expected.size(), 49u);
+        expected[c.line - 1] = c.value;
+        RecordingMessages messages;
+
+        EXPECT_TRUE(changeSettings(s, messages, c.change)) << c.what;
+
+        EXPECT_EQ(dir.read("kestrin.ini"), joinCrLf(expected)) << c.what;
+        EXPECT_TRUE(messages.entries.empty()) << c.what;
+        EXPECT_EQ(readSettings(dir.path()), s.Prefs) << c.what;
+    }
+}
+
+TEST(Preferences, WhenNothingIsWritten) {
+    struct Case {
+        const char* what;
+        bool filling;
+        std::function<void(Settings&)> change;
+    } cases[] = {
+        {"while the screen fills", true, [](Settings& s) { s.Warnings = 1; }},
+        {"a change to the same value", false, [](Settings& s) { s.WarnInc = 1; }},
+    };
+    for (const Case& c : cases) {
+        TempDir dir;
+        Session s = sessionIn(dir);
+        s.FillingScreen = c.filling;
+        const Settings before = s.Prefs;
+        RecordingMessages messages;
+        EXPECT_FALSE(changeSettings(s, messages, c.change)) << c.what;
+        EXPECT_FALSE(fs::exists(dir.path() / "kestrin.ini")) << c.what;
+        EXPECT_EQ(s.Prefs, before) << c.what;
+        EXPECT_TRUE(messages.entries.empty()) << c.what;
+    }
+}
+
+TEST(Preferences, AFileThatCannotBeWrittenIsToldAndKept) {
+    TempDir dir;
+    Session s = sessionIn(dir);
+    writeSettings(dir.path(), s.Prefs);
+    const std::string before = dir.read("kestrin.ini");
+    RecordingMessages messages;
+    const fs::path target = dir.path() / "kestrin.ini";
+    atomicWriteFaultHook = [&](const fs::path&) { throw WriteError(target.string(), "disk full"); };
+    const bool changed = changeSettings(s, messages, [](Settings& p) { p.RetTurn = 1; });
+    atomicWriteFaultHook = nullptr;
+
+    EXPECT_TRUE(changed);
+    EXPECT_EQ(s.Prefs.RetTurn, 1);  // holds for the session
+    EXPECT_EQ(dir.read("kestrin.ini"), before);
+    ASSERT_EQ(messages.entries.size(), 1u);
+    EXPECT_EQ(messages.entries[0].kind, RecordingMessages::Kind::Refuse);
+    EXPECT_EQ(messages.entries[0].title, "Preferences not saved");
+    EXPECT_EQ(messages.entries[0].text,
+              "The settings file kestrin.ini could not be written: disk full.\r\n\r\nThe change holds until the "
+              "program closes. Check that the game folder may be written to, then make the change again to keep "
+              "it.");
+    std::vector<std::string> leftovers;
+    for (const auto& e : fs::directory_iterator(dir.path())) leftovers.push_back(e.path().filename().string());
+    EXPECT_EQ(leftovers, std::vector<std::string>{"kestrin.ini"});
+}
+
+TEST(Preferences, ApplyingMakesTheInjuryFigureTheLimit) {
+    for (int16_t figure : {1, 6, 10}) {
+        TempDir dir;
+        Session s = sessionIn(dir);
+        s.InjuryLimit = 10;
+        s.Prefs.InjuryLimitSetting = figure;
+        applySettings(s);
+        EXPECT_EQ(s.InjuryLimit, figure);
+    }
+}
