@@ -67,11 +67,12 @@ TEST(DemoOrders, OrdersPlacedHereSurviveTheTurnsheet) {
         const std::string row = p.Name + " (" + p.Position + ")";
         for (OrderResult r : {coachPlayer(club, p.Age < 18 ? CoachLevel::Youth : CoachLevel::Senior, row, "Tackle"),
                               treatWithPhysio(club, row, "1"), offerContract(club, row, "24", "500")}) {
-            if (!r.accepted)
+            if (!r.accepted) {
                 EXPECT_TRUE(r.title == "Only one departmental coach action allowed per week" ||
                             r.title == "Injured player selected" || r.title == "Too many Physio actions" ||
                             r.title == "Not enough physio points" || r.title == "Action limit reached")
                     << r.title << ": " << r.text;
+            }
         }
     }
     ASSERT_TRUE(setOneToOne(club, 4, club.Players[0].Name).accepted);
@@ -100,7 +101,9 @@ TEST(DemoOrders, CoachingHistoryOfADemoClub) {
         if (i > 0) {
             const CoachingHistoryRow& p = (*rows)[i - 1];
             const bool samePlayerSkill = p.Pos == r.Pos && p.Name == r.Name && p.SkillCoached == r.SkillCoached;
-            if (samePlayerSkill) EXPECT_LE(sortDate(p.Date), sortDate(r.Date)) << r.Name << " " << r.SkillCoached;
+            if (samePlayerSkill) {
+                EXPECT_LE(sortDate(p.Date), sortDate(r.Date)) << r.Name << " " << r.SkillCoached;
+            }
             EXPECT_LE(p.Pos, r.Pos);
         }
     }
