@@ -7,6 +7,7 @@
 #include "core/messages.h"
 #include "ui/mainwindow.h"
 #include "ui/qtext.h"
+#include "ui/squadscreen.h"
 
 namespace kestrin::ui {
 
@@ -56,6 +57,7 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
             ++failures;
         }
     }
+    failures += renderSquadSnapshots(window, outDir);
     window.hide();
     return failures == 0 ? 0 : 1;
 }

@@ -1,17 +1,25 @@
 #pragma once
-// SquadScr: the squad grid with its filters, the coaches and the physio. The
-// order buttons of the screen come with the order screens, in the row kept
-// free for them beside Save and Send.
+// SquadScr: the squad grid with its filters, the chosen player's details, and
+// the week's orders for players, coaches and the physio, with their list.
 #include <QButtonGroup>
-#include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QSpinBox>
 #include <QTableWidget>
+#include <filesystem>
+#include <optional>
+#include <string>
 
 #include "core/clubview.h"
+#include "orders/orderlist.h"
+#include "orders/playeractions.h"
 #include "ui/screen.h"
 
 namespace kestrin::ui {
+
+class MainWindow;
+class PlayerDetailsPanel;
 
 class SquadScreen : public Screen {
     Q_OBJECT
@@ -19,16 +27,35 @@ public:
     explicit SquadScreen(SessionController& controller, QWidget* parent = nullptr);
 
     void fillClub() override;
+    void rebuildOrderLists() override;
 
     QTableWidget* grid() const { return grdSquad_; }
     AgeFilter ageFilter() const { return AgeFilter(btnTeam_->checkedId()); }
     PositionFilter positionFilter() const { return PositionFilter(btnPos_->checkedId()); }
+
+    // The name cell of the grid's current row as game text; empty when no
+    // player is chosen.
+    std::string currentRowText() const;
+    // The head of the grid's current column; empty when no cell is chosen.
+    std::string currentColumnHead() const;
 
 protected:
     void enableForClubs(bool hasClubs) override;
 
 private:
     void fillGrid(const Club& club);
+    void showDetails();
+    std::optional<OrderLine> selectedOrderLine() const;
+    // The club on screen, or none while the screen is being filled, when
+    // every order control does nothing.
+    Club* orderClub();
+
+    void actionClicked(PlayerAction action);
+    void coachClicked(bool senior);
+    void physioClicked();
+    void oneToOneClicked();
+    void removeClicked();
+    void historyClicked();
 
     QTableWidget* grdSquad_;
     QButtonGroup* btnTeam_;
@@ -36,8 +63,20 @@ private:
     QLabel* coachText_;
     QLabel* colourKey_;
     QSpinBox* upDownPhysio_;
-    QHBoxLayout* orderButtons_;  // the order buttons of this screen go here
+    QLineEdit* txtPhysio_;
+    QLabel* physioLeft_;
+    QLabel* actionsUsed_;
+    PlayerDetailsPanel* txtOtherDet_;
+    QListWidget* lstActions_;
     std::vector<QWidget*> needClub_;
+
+    friend int renderSquadSnapshots(MainWindow& window, const std::filesystem::path& outDir);
 };
+
+// The squad screen with a player chosen and its dialogs open, drawn into
+// `outDir` as SquadScr.png, PlayerAct.png (a sale), PlayerActContract.png,
+// OneToOne.png, EmailPlayer.png and, when the club has a coaching history,
+// CoachScr.png. Returns the number of pictures that could not be written.
+int renderSquadSnapshots(MainWindow& window, const std::filesystem::path& outDir);
 
 }  // namespace kestrin::ui
