@@ -5,7 +5,9 @@
 #include <QStatusBar>
 
 #include "core/clubview.h"
+#include "ui/loadturndialog.h"
 #include "ui/mainmenu.h"
+#include "ui/preferences.h"
 #include "ui/qtext.h"
 #include "ui/squadscreen.h"
 
@@ -21,6 +23,8 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
     // Select club sets the TeamLists in this order.
     addScreen(new MainMenu(controller_, stack_));
     addScreen(new SquadScreen(controller_, stack_));
+    addScreen(new Preferences(controller_, stack_));
+    addDialog("LoadTurn", [this] { LoadTurnDialog::openOver(this, controller_); });
 
     connect(&controller_, &SessionController::loadStarted, this, [this](const QString& title) {
         welcome_.setWindowTitle(title);
@@ -54,7 +58,13 @@ bool MainWindow::start(const std::filesystem::path& gameFolder) {
     return controller_.load(gameFolder);
 }
 
+void MainWindow::addDialog(const QString& name, std::function<void()> open) { dialogs_[name] = std::move(open); }
+
 void MainWindow::showScreen(const QString& name) {
+    if (auto d = dialogs_.find(name); d != dialogs_.end()) {
+        d->second();
+        return;
+    }
     if (Screen* s = screen(name)) stack_->setCurrentWidget(s);
     updateTitle();
 }

@@ -4,6 +4,8 @@
 #include <QMainWindow>
 #include <QStackedWidget>
 #include <filesystem>
+#include <functional>
+#include <map>
 #include <vector>
 
 #include "ui/screen.h"
@@ -32,11 +34,14 @@ protected:
 
 private:
     void addScreen(Screen* screen);
+    // A dialog that a screen opens by name, as it would a screen.
+    void addDialog(const QString& name, std::function<void()> open);
     void updateTitle();
 
     SessionController& controller_;
     QStackedWidget* stack_;
     std::vector<Screen*> screens_;
+    std::map<QString, std::function<void()>> dialogs_;
     Welcome welcome_;
     bool interactive_ = false;  // Welcome and hiding only when started for the manager
     bool exitStarted_ = false;

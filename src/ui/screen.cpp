@@ -33,9 +33,14 @@ void Screen::showClubIndex(int index) {
 
 void Screen::enableForClubs(bool hasClubs) { teamList_->setEnabled(hasClubs); }
 
+void Screen::setBackdrop(Backdrop backdrop) {
+    backdrop_ = std::move(backdrop);
+    update();
+}
+
 void Screen::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    paintBackdrop(p, rect());
+    paintScreenBackdrop(p, rect(), backdrop_, objectName());
 }
 
 }  // namespace kestrin::ui

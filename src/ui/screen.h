@@ -7,6 +7,8 @@
 #include <QString>
 #include <QWidget>
 
+#include "ui/backdrop.h"
+
 namespace kestrin::ui {
 
 class SessionController;
@@ -32,6 +34,10 @@ public:
     // Select club sets every TeamList without starting a selection of its own.
     void showClubIndex(int index);
 
+    // What the screen is painted on (the manager's background option).
+    void setBackdrop(Backdrop backdrop);
+    const Backdrop& backdrop() const { return backdrop_; }
+
 signals:
     // Asks the main window to show another screen, by its control name.
     void navigate(const QString& screenName);
@@ -46,6 +52,7 @@ protected:
 private:
     QString title_;
     QComboBox* teamList_;
+    Backdrop backdrop_;
 };
 
 }  // namespace kestrin::ui

@@ -7,6 +7,7 @@
 #include "core/errors.h"
 #include "core/gameini.h"
 #include "core/loader.h"
+#include "files/loadturn.h"
 #include "ui/qtext.h"
 #include "ui/screen.h"
 
@@ -18,6 +19,45 @@ namespace {
 struct BusyPointer {
     BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
     ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+// Message boxes shown with the busy pointer gone, so the manager sees that
+// the program waits for him.
+class CursorFreeMessages : public Messages {
+public:
+    explicit CursorFreeMessages(Messages& inner) : inner_(inner) {}
+    void refuse(const std::string& title, const std::string& text) override {
+        Plain p;
+        inner_.refuse(title, text);
+    }
+    void warn(const std::string& title, const std::string& text) override {
+        Plain p;
+        inner_.warn(title, text);
+    }
+    void inform(const std::string& title, const std::string& text) override {
+        Plain p;
+        inner_.inform(title, text);
+    }
+    bool ask(const std::string& title, const std::string& text) override {
+        Plain p;
+        return inner_.ask(title, text);
+    }
+    bool askQuestion(const std::string& title, const std::string& text) override {
+        Plain p;
+        return inner_.askQuestion(title, text);
+    }
+
+private:
+    struct Plain {
+        bool busy = QGuiApplication::overrideCursor() != nullptr;
+        Plain() {
+            if (busy) QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+        }
+        ~Plain() {
+            if (busy) QGuiApplication::restoreOverrideCursor();
+        }
+    };
+    Messages& inner_;
 };
 
 QString welcomeTitle(const std::filesystem::path& folder) {
@@ -43,14 +83,45 @@ bool SessionController::load(const std::filesystem::path& gameFolder) {
         emit loadStatus(qs(status));
         QCoreApplication::processEvents();
     });
-    view_ = ClubView{};
     if (session_.GameIniMissing) {
+        view_ = ClubView{};
         emit loadFinished();
         return false;
     }
+    showLoadedSession();
+    return true;
+}
+
+void SessionController::showLoadedSession() {
+    view_ = ClubView{};
     for (Screen* s : screens_) s->sessionLoaded();
     if (hasClubs()) selectClub(0);
     emit loadFinished();
+}
+
+bool SessionController::loadNewTurn(const std::string& squadZip, const std::string& weeklyZip) {
+    // Welcome shows only once the archives are in and the loader runs.
+    bool started = false;
+    const std::filesystem::path folder = session_.Folder.root();
+    auto status = [&](std::string_view text) {
+        if (!started) {
+            started = true;
+            emit loadStarted(welcomeTitle(folder));
+        }
+        emit loadStatus(qs(text));
+        QCoreApplication::processEvents();
+    };
+    CursorFreeMessages messages(messages_);
+    bool loaded;
+    {
+        BusyPointer busy;
+        loaded = kestrin::loadNewTurn(session_, squadZip, weeklyZip, messages, status);
+    }
+    if (!loaded) {
+        if (started) emit loadFinished();
+        return false;
+    }
+    showLoadedSession();
     return true;
 }
 

@@ -37,6 +37,10 @@ public:
     bool load(const std::filesystem::path& gameFolder);
     // Runs the loader again on the same folder.
     bool reload();
+    // Load New Turn with the two archives; the new week is then shown as
+    // after start-up (every screen refilled, the first club selected).
+    // Returns false when nothing was loaded; the manager has been told why.
+    bool loadNewTurn(const std::string& squadZip, const std::string& weeklyZip);
 
     // The one way to change the club on screen; also refills all screens.
     void selectClub(int index);
@@ -64,6 +68,9 @@ signals:
     void notice(const QString& text);
 
 private:
+    // A whole new session is in session_: every screen shows it.
+    void showLoadedSession();
+
     Messages& messages_;
     Session session_;
     ClubView view_;

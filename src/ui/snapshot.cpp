@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "core/messages.h"
+#include "ui/loadturndialog.h"
 #include "ui/mainwindow.h"
 #include "ui/qtext.h"
 #include "ui/squadscreen.h"
@@ -53,6 +54,17 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
         QCoreApplication::processEvents();
         const QString file = qpath(outDir / (s->objectName().toStdString() + ".png"));
         if (!window.grab().save(file)) {
+            std::fprintf(stderr, "kestrin: cannot write %s\n", file.toLocal8Bit().constData());
+            ++failures;
+        }
+    }
+    {
+        LoadTurnDialog dialog(controller, &window);
+        dialog.setAttribute(Qt::WA_DontShowOnScreen);
+        dialog.show();
+        QCoreApplication::processEvents();
+        const QString file = qpath(outDir / "LoadTurn.png");
+        if (!dialog.grab().save(file)) {
             std::fprintf(stderr, "kestrin: cannot write %s\n", file.toLocal8Bit().constData());
             ++failures;
         }

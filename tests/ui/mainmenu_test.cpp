@@ -378,8 +378,8 @@ void MainMenuTest::startUpShowsWelcomeThenTheMenu() {
 
 void MainMenuTest::screensToComeAreOffAndSaySo() {
     UiGame g;
-    const char* coming[] = {"BtnFixtures", "BtnScouting", "BtnLastWeek", "BtnNews", "BtnPreferences",
-                            "btnAuto", "btnAdmin", "btnVidi", "btnViewer", "BtnLoadTurn",
+    const char* coming[] = {"BtnFixtures", "BtnScouting", "BtnLastWeek", "BtnNews",
+                            "btnAuto", "btnAdmin", "btnVidi", "btnViewer",
                             "btnNote", "btnMemo", "BtnHonours", "btnLoadStats"};
     for (const char* name : coming) {
         QPushButton* b = g.button("MainMenu", name);
