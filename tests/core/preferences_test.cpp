@@ -18,9 +18,6 @@ Session sessionIn(const TempDir& dir) {
     return s;
 }
 
-// The values of kestrin.ini, one a line, CR LF.
-std::vector<std::string> iniLines(const TempDir& dir) { return splitLines(dir.read("kestrin.ini")); }
-
 }  // namespace
 
 TEST(Preferences, InjuryFigureAsTyped) {
@@ -32,33 +29,6 @@ TEST(Preferences, InjuryFigureAsTyped) {
         {"12", 10},         {"99", 10}, {"-3", 1},   {"7abc", 7}, {"abc", 1}, {"05", 5},
     };
     for (const Case& c : cases) EXPECT_EQ(injuryLimitFromText(c.typed), c.stored) << '"' << c.typed << '"';
-}
-
-TEST(Preferences, WatchCaptionsFromTheLeaguesOfGameIni) {
-    struct Case {
-        const char* what;
-        std::array<std::string, 9> leagues;
-        std::array<std::string, kWatchOptionCount> captions;
-    } cases[] = {
-        {"eight leagues",
-         {"ignored", "Premier Division", "First Division", "Second Division", "Third Division", "Northern Alliance",
-          "Southern Alliance", "Western Counties", "Eastern Counties"},
-         {"Watch Premier Division / Cups", "Watch First Division / Cups", "Watch Second Division / Cups",
-          "Watch Third Division / Cups", "Watch Northern Alliance / Cups", "Watch Southern Alliance / Cups",
-          "Watch Western Counties / Cups", "Watch Eastern Counties / Cups", "Watch Spanish Premier / Cups",
-          "Watch European && Club cups", "Watch World cup", "Watch Friendlies"}},
-        {"blank leagues keep their captions, an ampersand stays one",
-         {"", "Town & Country", "  ", "Isthmian", "", "", "", "", ""},
-         {"Watch Town && Country / Cups", "Watch English 1st / Cups", "Watch Isthmian / Cups",
-          "Watch English 3rd / Cups", "Watch French Premier / Cups", "Watch German Premier / Cups",
-          "Watch Italian Premier / Cups", "Watch Scottish Premier / Cups", "Watch Spanish Premier / Cups",
-          "Watch European && Club cups", "Watch World cup", "Watch Friendlies"}},
-    };
-    for (const Case& c : cases) {
-        GameIni game;
-        game.LeagueNames = c.leagues;
-        EXPECT_EQ(watchCaptions(game), c.captions) << c.what;
-    }
 }
 
 TEST(Preferences, AlertListsHoldTheExportClubs) {
@@ -86,29 +56,6 @@ TEST(Preferences, AlertListsHoldTheExportClubs) {
     }
 }
 
-TEST(Preferences, EachScreenFollowsItsBackgroundOption) {
-    Settings s = defaultSettings("/games/k");
-    int16_t n = 0;
-    for (const BackgroundOption& o : kBackgroundOptions) (s.*o.choice).File = "pic" + std::to_string(++n);
-    struct Case {
-        const char* screen;
-        const char* file;  // nullptr: no option of its own
-    } cases[] = {
-        {"MainMenu", "pic1"}, {"SquadScr", "pic2"},     {"Fixt", "pic3"},        {"PitchGrid", "pic4"},
-        {"Scout", "pic5"},    {"ScoutHistory", "pic5"}, {"LastWk", "pic6"},      {"News", "pic7"},
-        {"Preferences", "pic8"}, {"AutoTurn", "pic9"},  {"Admin", nullptr},      {"mainmenu", nullptr},
-    };
-    for (const Case& c : cases) {
-        const PictureChoice* got = backgroundFor(s, c.screen);
-        if (!c.file) {
-            EXPECT_EQ(got, nullptr) << c.screen;
-            continue;
-        }
-        ASSERT_NE(got, nullptr) << c.screen;
-        EXPECT_EQ(got->File, c.file) << c.screen;
-    }
-}
-
 TEST(Preferences, FromFileCaption) {
     struct Case {
         PictureChoice choice;
@@ -120,38 +67,6 @@ TEST(Preferences, FromFileCaption) {
         {{2, ""}, "From File"},
     };
     for (const Case& c : cases) EXPECT_EQ(fromFileCaption(c.choice), c.caption) << c.choice.File;
-}
-
-TEST(Preferences, AChangeIsWrittenAtOnceAtItsPosition) {
-    struct Case {
-        const char* what;
-        std::function<void(Settings&)> change;
-        size_t line;  // 1-based position in kestrin.ini
-        const char* value;
-    } cases[] = {
-        {"injury figure", [](Settings& s) { s.InjuryLimitSetting = 4; }, 17, " 4 "},
-        {"weekly reports", [](Settings& s) { s.Warnings = 1; }, 18, " 1 "},
-        {"news background", [](Settings& s) { s.NewsPic.File = "/p/n.gif"; }, 14, "/p/n.gif"},
-        {"third alert club", [](Settings& s) { s.VidiAlert[2] = "Birchfield"; }, 38, "Birchfield"},
-        {"friendlies", [](Settings& s) { s.VidiOpt[11] = 0; }, 43, " 0 "},
-        {"profiles", [](Settings& s) { s.SaveProf = 0; }, 47, " 0 "},
-        {"auto turn background", [](Settings& s) { s.AutoPic.Option = 2; }, 48, " 2 "},
-    };
-    for (const Case& c : cases) {
-        TempDir dir;
-        Session s = sessionIn(dir);
-        writeSettings(dir.path(), s.Prefs);
-        std::vector<std::string> expected = iniLines(dir);
-        ASSERT_EQ(expected.size(), 49u);
-        expected[c.line - 1] = c.value;
-        RecordingMessages messages;
-
-        EXPECT_TRUE(changeSettings(s, messages, c.change)) << c.what;
-
-        EXPECT_EQ(dir.read("kestrin.ini"), joinCrLf(expected)) << c.what;
-        EXPECT_TRUE(messages.entries.empty()) << c.what;
-        EXPECT_EQ(readSettings(dir.path()), s.Prefs) << c.what;
-    }
 }
 
 TEST(Preferences, WhenNothingIsWritten) {
@@ -200,15 +115,4 @@ TEST(Preferences, AFileThatCannotBeWrittenIsToldAndKept) {
     std::vector<std::string> leftovers;
     for (const auto& e : fs::directory_iterator(dir.path())) leftovers.push_back(e.path().filename().string());
     EXPECT_EQ(leftovers, std::vector<std::string>{"kestrin.ini"});
-}
-
-TEST(Preferences, ApplyingMakesTheInjuryFigureTheLimit) {
-    for (int16_t figure : {1, 6, 10}) {
-        TempDir dir;
-        Session s = sessionIn(dir);
-        s.InjuryLimit = 10;
-        s.Prefs.InjuryLimitSetting = figure;
-        applySettings(s);
-        EXPECT_EQ(s.InjuryLimit, figure);
-    }
 }
