@@ -73,10 +73,10 @@ PlayerActDialog::PlayerActDialog(SessionController& controller, PlayerAction act
     amountRow->setObjectName("amountGroup");
     auto* ar = new QHBoxLayout(amountRow);
     ar->setContentsMargins(0, 0, 0, 0);
-    ar->addWidget(new QLabel(qs(session.Game.Currency), amountRow));
     ar->addWidget(upAmount_);
     ar->addStretch(1);
-    auto* lblAmount = new QLabel(form.contract ? "Incentive:" : "Amount:", this);
+    const QString currency = session.Game.Currency.empty() ? QString() : " (" + qs(session.Game.Currency) + ")";
+    auto* lblAmount = new QLabel((form.contract ? "Incentive" : "Amount") + currency + ":", this);
     lblAmount->setObjectName("lblAmount");
     fields->addRow(lblAmount, amountRow);
     if (form.contract) upAmount_->setSingleStep(1000);

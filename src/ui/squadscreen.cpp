@@ -100,8 +100,11 @@ SquadScreen::SquadScreen(SessionController& controller, QWidget* parent)
     grdSquad_->setSelectionBehavior(QAbstractItemView::SelectItems);
     grdSquad_->setSelectionMode(QAbstractItemView::SingleSelection);
     grdSquad_->setAlternatingRowColors(true);
+    // Every column as wide as its figures; the names take the spare width but
+    // are never cut, so a narrow window scrolls sideways instead.
     grdSquad_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    grdSquad_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    grdSquad_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Fixed);
+    grdSquad_->viewport()->installEventFilter(this);
     grdSquad_->setMinimumHeight(220);
     connect(grdSquad_, &QTableWidget::currentCellChanged, this, [this] { showDetails(); });
     root->addWidget(grdSquad_, 1);
@@ -161,18 +164,27 @@ SquadScreen::SquadScreen(SessionController& controller, QWidget* parent)
     connect(remove, &QPushButton::clicked, this, &SquadScreen::removeClicked);
     connect(hist, &QPushButton::clicked, this, &SquadScreen::historyClicked);
 
+    // The coaches' levels, and under them saving, sending and the way back.
+    auto* side = new QVBoxLayout;
+    side->setSpacing(6);
     auto* staff = new QGroupBox("Coaches", this);
     auto* sl = new QVBoxLayout(staff);
     sl->setContentsMargins(6, 4, 6, 6);
     coachText_->setObjectName("CoachText");
     coachText_->setFont(fixedFont(-1));
     sl->addWidget(coachText_);
-    sl->addStretch(1);
-    lower->addWidget(staff, 0);
+    side->addWidget(staff);
+    side->addStretch(1);
+    auto* save = makeButton("Command2", "Save Turnsheet", this);
+    auto* send = makeButton("Command3", "Send Turnsheet", this);
+    auto* back = makeButton("btnReturn", "Main Menu", this);
+    side->addWidget(save);
+    side->addWidget(send);
+    side->addWidget(back);
+    lower->addLayout(side);
     root->addLayout(lower);
 
-    // The order buttons: player actions first, then coaching, physio and the
-    // one to one, with saving and sending at the right.
+    // The order buttons: player actions, then coaching, physio and the one to one.
     auto* actionRow = new QHBoxLayout;
     actionRow->setSpacing(6);
     auto* actionsCaption = new QLabel("Player actions:", this);
@@ -185,10 +197,6 @@ SquadScreen::SquadScreen(SessionController& controller, QWidget* parent)
         connect(b, &QPushButton::clicked, this, [this, i] { actionClicked(PlayerAction(i)); });
     }
     actionRow->addStretch(1);
-    auto* save = makeButton("Command2", "Save Turnsheet", this);
-    auto* send = makeButton("Command3", "Send Turnsheet", this);
-    actionRow->addWidget(save);
-    actionRow->addWidget(send);
     root->addLayout(actionRow);
 
     auto* staffRow = new QHBoxLayout;
@@ -223,8 +231,6 @@ SquadScreen::SquadScreen(SessionController& controller, QWidget* parent)
     staffRow->addSpacing(18);
     staffRow->addWidget(oneToOne);
     staffRow->addStretch(1);
-    auto* back = makeButton("btnReturn", "Main Menu", this);
-    staffRow->addWidget(back);
     root->addLayout(staffRow);
     connect(save, &QPushButton::clicked, this, [this] { controller_.saveTurnsheet(); });
     connect(send, &QPushButton::clicked, this, [this] { controller_.sendTurnsheet(); });
@@ -295,7 +301,23 @@ void SquadScreen::fillGrid(const Club& club) {
             grdSquad_->setItem(r, c, item);
         }
     }
+    grdSquad_->resizeColumnsToContents();
+    fitNameColumn();
     showDetails();
+}
+
+bool SquadScreen::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == grdSquad_->viewport() && event->type() == QEvent::Resize) fitNameColumn();
+    return Screen::eventFilter(watched, event);
+}
+
+void SquadScreen::fitNameColumn() {
+    QHeaderView* head = grdSquad_->horizontalHeader();
+    int others = 0;
+    for (int c = 1; c < head->count(); ++c) others += head->sectionSize(c);
+    grdSquad_->resizeColumnToContents(0);
+    const int names = head->sectionSize(0);
+    head->resizeSection(0, std::max(names, grdSquad_->viewport()->width() - others));
 }
 
 std::string SquadScreen::currentRowText() const {

@@ -41,9 +41,11 @@ public:
 
 protected:
     void enableForClubs(bool hasClubs) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fillGrid(const Club& club);
+    void fitNameColumn();
     void showDetails();
     std::optional<OrderLine> selectedOrderLine() const;
     // The club on screen, or none while the screen is being filled, when
