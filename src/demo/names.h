@@ -32,11 +32,14 @@ inline const std::vector<std::string> kClubWords = {
 // Put in front of a name when the towns and words run out.
 inline const std::vector<std::string> kTownPrefixes = {"North", "South", "East", "West", "Old", "New", "Upper", "Lower"};
 
+// A club's colours as the Squadsheet gives them: two characters, then the
+// colour words, which the kit pictures look up from the third character on.
 inline const std::vector<std::string> kColours = {
-    "Sky Blue and White", "Red and White",     "Claret and Blue",  "Black and Amber",     "Royal Blue",
-    "Green and Gold",     "Tangerine",         "Red",              "All White",           "Navy and Sky Blue",
-    "Yellow and Green",   "Black and White",   "Maroon",           "Orange and Black",    "Blue and White Hoops",
-    "Red and Black",      "Purple and Gold",   "Cherry and White", "Emerald Green",       "Silver and Blue",
+    "- Sky Blue & White",   "- Red and White",          "- Claret and Blue",  "- Black and Amber",
+    "- Royal Blue & White", "- Green and Yellow",       "- All Orange",       "- All Red",
+    "- All White",          "- Navy Blue and Sky Blue", "- Yellow and Green", "- Black and White",
+    "- All Claret",         "- Orange and Black",       "- Blue and White Hoops", "- Red and Black",
+    "- Purple and Yellow",  "- Red and White Stripes",  "- All Green",        "- Blue and Grey",
 };
 
 inline const std::vector<std::string> kStadiums = {

@@ -6,12 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "core/clubview.h"
 #include "core/records.h"
 
 namespace kestrin {
 
 enum class TeamFilter { AllAges = 0, Seniors = 1, Youth = 2 };
-enum class PositionFilter { All = 0, Gkp = 1, Def = 2, Mid = 3, Str = 4 };
+// PositionFilter (btnPos) is the squad grid's own, from core/clubview.h.
 inline constexpr std::array<std::string_view, 3> kTeamFilterTexts = {"All Ages", "Seniors", "Youth"};
 inline constexpr std::array<std::string_view, 5> kPositionFilterTexts = {"All", "Gkp", "Def", "Mid", "Str"};
 

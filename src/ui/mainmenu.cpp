@@ -51,7 +51,7 @@ struct ScreenButton {
 };
 const ScreenButton kScreenButtons[] = {
     {"btnSquad", "Squad Actions", "SquadScr", "", true},
-    {"BtnFixtures", "Fixtures", "", "the fixtures and match orders", true},
+    {"BtnFixtures", "Fixtures", "Fixt", "the fixtures and match orders", true},
     {"BtnScouting", "Scouting", "", "scouting, bids and loans", true},
     {"BtnLastWeek", "Last week", "", "last week's reports", true},
     {"BtnNews", "News", "", "the league's news", true},

@@ -5,8 +5,10 @@
 #include <QStatusBar>
 
 #include "core/clubview.h"
+#include "ui/fixt.h"
 #include "ui/loadturndialog.h"
 #include "ui/mainmenu.h"
+#include "ui/pitchgrid.h"
 #include "ui/preferences.h"
 #include "ui/qtext.h"
 #include "ui/squadscreen.h"
@@ -22,6 +24,8 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
 
     // Select club sets the TeamLists in this order.
     addScreen(new MainMenu(controller_, stack_));
+    addScreen(new FixtScreen(controller_, stack_));
+    addScreen(new PitchGridScreen(controller_, stack_));
     addScreen(new SquadScreen(controller_, stack_));
     addScreen(new Preferences(controller_, stack_));
     addDialog("LoadTurn", [this] { LoadTurnDialog::openOver(this, controller_); });

@@ -378,7 +378,7 @@ void MainMenuTest::startUpShowsWelcomeThenTheMenu() {
 
 void MainMenuTest::screensToComeAreOffAndSaySo() {
     UiGame g;
-    const char* coming[] = {"BtnFixtures", "BtnScouting", "BtnLastWeek", "BtnNews",
+    const char* coming[] = {"BtnScouting", "BtnLastWeek", "BtnNews",
                             "btnAuto", "btnAdmin", "btnVidi", "btnViewer",
                             "btnNote", "btnMemo", "BtnHonours", "btnLoadStats"};
     for (const char* name : coming) {
