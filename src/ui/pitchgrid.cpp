@@ -444,7 +444,8 @@ PitchGridScreen::PitchGridScreen(SessionController& controller, QWidget* parent)
     txtInfo_->setObjectName("txtInfo");
     txtInfo_->setReadOnly(true);
     txtInfo_->setFont(fixedFont(-1));
-    txtInfo_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    // The last line runs long; wrapped, all of it shows without scrolling.
+    txtInfo_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     txtInfo_->setMinimumHeight(QFontMetrics(txtInfo_->font()).lineSpacing() * 4 + 14);
     txtInfo_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     txtInfo_->setPlaceholderText("Click a player in the lists or on the pitch to see his figures here.");

@@ -112,6 +112,7 @@ private slots:
     void aNewClubStartsAtItsFirstFixture_data();
     void aNewClubStartsAtItsFirstFixture();
     void captainMarkMovesOnThePitch();
+    void aClubWithoutFixturesHasNothingToOrder();
     void movingBetweenTheScreens();
 };
 
@@ -353,6 +354,27 @@ void FixtTest::captainMarkMovesOnThePitch() {
     QCOMPARE(caption->text(), number + ". " + name + " (Cap, FK)");
     pick(g, "lstCaptain", shirt == 2 ? "3" : "2");
     QCOMPARE(caption->text(), number + ". " + name + " (FK)");
+}
+
+void FixtTest::aClubWithoutFixturesHasNothingToOrder() {
+    UiGame g;
+    Club& c = g.session().Clubs[1];
+    c.Fixtures.clear();
+    c.FixtureCount = 0;
+    g.teamList("Fixt")->setCurrentIndex(1);
+    for (const char* screen : {"Fixt", "PitchGrid"}) QCOMPARE(g.on<QListWidget>(screen, "lstFixtures")->count(), 0);
+    for (const char* control : {"cboFormation", "cboTactics", "lstCaptain", "lstPace", "cboTTCO", "cboWTDIWT"})
+        QVERIFY2(!g.on<QWidget>("Fixt", control)->isEnabled(), control);
+    ui::Screen* pitch = g.window->screen("PitchGrid");
+    QCOMPARE(pitch->findChild<QListWidget*>("lstAvailable")->count(), 0);
+    QCOMPARE(pitch->findChild<QLabel*>("lblname0")->text(), QString("Player 1"));
+    QCOMPARE(pitch->findChild<QLabel*>("lblname11")->text(), QString("Player 12 (Substitute 1)"));
+    QVERIFY(!g.session().TurnChanged);
+
+    // The next club with matches has its controls back.
+    g.teamList("Fixt")->setCurrentIndex(0);
+    QVERIFY(g.on<QWidget>("Fixt", "cboFormation")->isEnabled());
+    QVERIFY(pitch->findChild<QLabel*>("lblname0")->text().startsWith("1. "));
 }
 
 void FixtTest::movingBetweenTheScreens() {
