@@ -63,9 +63,12 @@ void pickTeam(Fixture& f, const Club& club, const Session& s, Random& rng, bool 
     f.Corners = int16_t(rng.range(6, 9));
     f.FreeKicks = int16_t(rng.range(6, 11));
     f.CornersAiming = int16_t(rng.range(1, 3));
-    f.Defence = int16_t(rng.range(1, 3));
-    f.Midfield = int16_t(rng.range(1, 3));
-    f.Attack = int16_t(rng.range(1, 3));
+    // The shirts stand in a 4-4-2, so that is the formation ordered; the
+    // draws are kept so the rest of the league stays as it was.
+    (void)rng.range(1, 3), (void)rng.range(1, 3), (void)rng.range(1, 3);
+    f.Defence = 4;
+    f.Midfield = 4;
+    f.Attack = 2;
     f.DefAgg = int16_t(rng.range(1, 5));
     f.MidAgg = int16_t(rng.range(1, 5));
     f.AttAgg = int16_t(rng.range(1, 5));
