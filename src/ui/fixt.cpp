@@ -164,13 +164,7 @@ FixtScreen::FixtScreen(SessionController& controller, QWidget* parent)
     root->setContentsMargins(18, 14, 18, 14);
     root->setSpacing(10);
 
-    auto* header = new QHBoxLayout;
-    auto* heading = new QLabel("Fixtures", this);
-    heading->setObjectName("screenHeading");
-    header->addWidget(heading);
-    header->addSpacing(16);
-    header->addWidget(new QLabel("Club:", this));
-    header->addWidget(teamList());
+    auto* header = headerRow("Fixtures");
     header->addStretch(1);
     root->addLayout(header);
 

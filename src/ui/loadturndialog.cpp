@@ -47,18 +47,11 @@ LoadTurnDialog::LoadTurnDialog(SessionController& controller, QWidget* parent)
     note->setStyleSheet("color: #4a5a6c;");
     root->addWidget(note);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    auto* ok = makeButton("OKButton", "OK", this);
-    auto* cancel = makeButton("CancelButton", "Cancel", this);
-    ok->setDefault(true);
-    ok->setMinimumWidth(90);
-    cancel->setMinimumWidth(90);
-    connect(ok, &QPushButton::clicked, this, &LoadTurnDialog::okClicked);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    root->addLayout(buttons);
+    const OkCancel buttons = makeOkCancel(this);
+    buttons.ok->setMinimumWidth(90);
+    buttons.cancel->setMinimumWidth(90);
+    connect(buttons.ok, &QPushButton::clicked, this, &LoadTurnDialog::okClicked);
+    root->addLayout(buttons.row);
 
     // The loader runs with this dialog out of the way, as at start-up.
     connect(&controller_, &SessionController::loadStarted, this, &QWidget::hide);

@@ -58,16 +58,9 @@ OneToOneDialog::OneToOneDialog(SessionController& controller, std::string rowTex
     note->setWordWrap(true);
     root->addWidget(note);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    auto* ok = makeButton("OKButton", "OK", this);
-    auto* cancel = makeButton("CancelButton", "Cancel", this);
-    ok->setDefault(true);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    root->addLayout(buttons);
-    connect(ok, &QPushButton::clicked, this, &OneToOneDialog::okClicked);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    const OkCancel buttons = makeOkCancel(this);
+    root->addLayout(buttons.row);
+    connect(buttons.ok, &QPushButton::clicked, this, &OneToOneDialog::okClicked);
     setMinimumWidth(460);
     adjustSize();
 }

@@ -423,13 +423,7 @@ PitchGridScreen::PitchGridScreen(SessionController& controller, QWidget* parent)
     root->setContentsMargins(18, 14, 18, 14);
     root->setSpacing(8);
 
-    auto* header = new QHBoxLayout;
-    auto* heading = new QLabel("Pitch Grid", this);
-    heading->setObjectName("screenHeading");
-    header->addWidget(heading);
-    header->addSpacing(16);
-    header->addWidget(new QLabel("Club:", this));
-    header->addWidget(teamList());
+    auto* header = headerRow("Pitch Grid");
     header->addStretch(1);
     lblFormation_->setObjectName("lblFormation");
     lblFormation_->setStyleSheet("font-size: 13pt; font-weight: bold; color: #1f3550;");

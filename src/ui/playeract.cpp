@@ -119,16 +119,9 @@ PlayerActDialog::PlayerActDialog(SessionController& controller, PlayerAction act
     root->addWidget(clubGroup, 1);
     connect(findClub_, &QLineEdit::textChanged, this, &PlayerActDialog::filterClubs);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    auto* ok = makeButton("OKButton", "OK", this);
-    auto* cancel = makeButton("CancelButton", "Cancel", this);
-    ok->setDefault(true);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    root->addLayout(buttons);
-    connect(ok, &QPushButton::clicked, this, &PlayerActDialog::okClicked);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    const OkCancel buttons = makeOkCancel(this);
+    root->addLayout(buttons.row);
+    connect(buttons.ok, &QPushButton::clicked, this, &PlayerActDialog::okClicked);
 
     setMinimumWidth(form.club ? 520 : 480);
     adjustSize();

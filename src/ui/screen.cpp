@@ -1,5 +1,7 @@
 #include "ui/screen.h"
 
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QPainter>
 #include <QSignalBlocker>
 
@@ -41,6 +43,17 @@ void Screen::setBackdrop(Backdrop backdrop) {
 void Screen::paintEvent(QPaintEvent*) {
     QPainter p(this);
     paintScreenBackdrop(p, rect(), backdrop_, objectName());
+}
+
+QHBoxLayout* Screen::headerRow(const QString& heading) {
+    auto* header = new QHBoxLayout;
+    auto* label = new QLabel(heading, this);
+    label->setObjectName("screenHeading");
+    header->addWidget(label);
+    header->addSpacing(16);
+    header->addWidget(new QLabel("Club:", this));
+    header->addWidget(teamList());
+    return header;
 }
 
 }  // namespace kestrin::ui

@@ -9,6 +9,8 @@
 
 #include "ui/backdrop.h"
 
+class QHBoxLayout;
+
 namespace kestrin::ui {
 
 class SessionController;
@@ -44,6 +46,8 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    // The row every screen opens with: its heading, then "Club:" and TeamList.
+    QHBoxLayout* headerRow(const QString& heading);
     // Switches the controls that need a club on or off; the base does TeamList.
     virtual void enableForClubs(bool hasClubs);
 

@@ -68,13 +68,7 @@ SquadScreen::SquadScreen(SessionController& controller, QWidget* parent)
     root->setContentsMargins(18, 12, 18, 12);
     root->setSpacing(8);
 
-    auto* header = new QHBoxLayout;
-    auto* heading = new QLabel("Squad", this);
-    heading->setObjectName("screenHeading");
-    header->addWidget(heading);
-    header->addSpacing(16);
-    header->addWidget(new QLabel("Club:", this));
-    header->addWidget(teamList());
+    auto* header = headerRow("Squad");
     header->addSpacing(28);
     header->addWidget(new QLabel("Ages:", this));
     header->setSpacing(4);

@@ -1,3 +1,5 @@
+#include <QDialog>
+#include <QHBoxLayout>
 #include "ui/widgets.h"
 
 #include <QHBoxLayout>
@@ -25,6 +27,16 @@ void FigureRow::setPlainValue() { value_->setFont(font()); }
 void FigureRow::setTexts(const QString& caption, const QString& value) {
     caption_->setText(caption);
     value_->setText(value);
+}
+
+OkCancel makeOkCancel(QDialog* dialog) {
+    OkCancel b{new QHBoxLayout, makeButton("OKButton", "OK", dialog), makeButton("CancelButton", "Cancel", dialog)};
+    b.ok->setDefault(true);
+    b.row->addStretch(1);
+    b.row->addWidget(b.ok);
+    b.row->addWidget(b.cancel);
+    QObject::connect(b.cancel, &QPushButton::clicked, dialog, &QDialog::reject);
+    return b;
 }
 
 QPushButton* makeButton(const QString& objectName, const QString& caption, QWidget* parent) {

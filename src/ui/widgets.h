@@ -5,6 +5,9 @@
 #include <QString>
 #include <QWidget>
 
+class QDialog;
+class QHBoxLayout;
+
 namespace kestrin::ui {
 
 // One label of the game: its caption on the left, its figure right-aligned in
@@ -26,6 +29,15 @@ private:
 
 // A push button with its control name.
 QPushButton* makeButton(const QString& objectName, const QString& caption, QWidget* parent = nullptr);
+
+// The OK and Cancel row that ends a dialog; OK is the default button and
+// Cancel rejects the dialog. The caller connects OK.
+struct OkCancel {
+    QHBoxLayout* row;
+    QPushButton* ok;
+    QPushButton* cancel;
+};
+OkCancel makeOkCancel(QDialog* dialog);
 
 // A button of a screen that is not built yet: present, switched off, and
 // saying what is coming.

@@ -16,6 +16,7 @@
 #include "support/testsupport.h"
 
 using namespace kestrin;
+using kestrin::test::filesBelow;
 using kestrin::test::TempDir;
 
 namespace kestrin {
@@ -35,14 +36,6 @@ DemoOptions small(uint64_t seed) {
     o.seed = seed;
     o.exportClubs = 40;
     return o;
-}
-
-// Every file below a folder, by its path relative to the folder.
-std::map<std::string, std::string> filesBelow(const fs::path& root) {
-    std::map<std::string, std::string> out;
-    for (const auto& e : fs::recursive_directory_iterator(root))
-        if (e.is_regular_file()) out[fs::relative(e.path(), root).generic_string()] = readFileBytes(e.path());
-    return out;
 }
 
 Session load(const fs::path& folder) {

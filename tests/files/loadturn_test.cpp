@@ -11,6 +11,8 @@
 #include "support/testsupport.h"
 
 using namespace kestrin;
+using kestrin::test::filesBelow;
+using kestrin::test::gameFiles;
 using kestrin::test::TempDir;
 
 namespace {
@@ -21,24 +23,6 @@ DemoOptions twoWeeks() {
     o.weeks = 2;
     o.seed = 7;
     return o;
-}
-
-std::map<std::string, std::string> filesBelow(const fs::path& root) {
-    std::map<std::string, std::string> out;
-    std::error_code ec;
-    if (!fs::exists(root, ec)) return out;
-    for (const auto& e : fs::recursive_directory_iterator(root))
-        if (e.is_regular_file()) out[fs::relative(e.path(), root).generic_string()] = readFileBytes(e.path());
-    return out;
-}
-
-// Everything of the game folder but the archives the manager was mailed.
-std::map<std::string, std::string> gameFiles(const fs::path& root) {
-    auto all = filesBelow(root);
-    std::map<std::string, std::string> out;
-    for (auto& [k, v] : all)
-        if (k.rfind("Archives/", 0) != 0) out[k] = v;
-    return out;
 }
 
 struct League {

@@ -7,6 +7,26 @@
 
 namespace kestrin::test {
 
+std::map<std::string, std::string> filesBelow(const std::filesystem::path& root) {
+    std::map<std::string, std::string> out;
+    std::error_code ec;
+    if (!std::filesystem::exists(root, ec)) return out;
+    for (const auto& e : std::filesystem::recursive_directory_iterator(root)) {
+        if (!e.is_regular_file()) continue;
+        std::ifstream in(e.path(), std::ios::binary);
+        std::stringstream ss;
+        ss << in.rdbuf();
+        out[std::filesystem::relative(e.path(), root).generic_string()] = ss.str();
+    }
+    return out;
+}
+
+std::map<std::string, std::string> gameFiles(const std::filesystem::path& root) {
+    auto files = filesBelow(root);
+    std::erase_if(files, [](const auto& entry) { return entry.first.rfind("Archives/", 0) == 0; });
+    return files;
+}
+
 TempDir::TempDir() {
     std::random_device rd;
     auto base = std::filesystem::temp_directory_path();

@@ -1,10 +1,19 @@
 #pragma once
 // Helpers shared by the tests: a scratch folder that cleans up after itself.
 #include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
 
 namespace kestrin::test {
+
+// Every file below a folder, by its path relative to the folder ('/'
+// separated), with its bytes; nothing for a folder that isn't there.
+std::map<std::string, std::string> filesBelow(const std::filesystem::path& root);
+
+// The same for a game folder, leaving out the archives the manager was
+// mailed (Archives/ of a demo league).
+std::map<std::string, std::string> gameFiles(const std::filesystem::path& root);
 
 class TempDir {
 public:

@@ -22,16 +22,7 @@ namespace {
 
 using Files = std::map<std::string, std::string>;
 
-// Every file below the game folder but the archives the manager was mailed.
-Files gameFiles(const fs::path& root) {
-    Files out;
-    for (const auto& e : fs::recursive_directory_iterator(root)) {
-        if (!e.is_regular_file()) continue;
-        const std::string rel = fs::relative(e.path(), root).generic_string();
-        if (rel.rfind("Archives/", 0) != 0) out[rel] = readFileBytes(e.path());
-    }
-    return out;
-}
+using kestrin::test::gameFiles;
 
 Files without(Files files, const std::string& name) {
     files.erase(name);
