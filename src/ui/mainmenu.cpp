@@ -8,6 +8,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "core/text.h"
+#include "match/pictures/kitcolours.h"
 #include "ui/look.h"
 #include "ui/qtext.h"
 
@@ -288,7 +290,8 @@ void MainMenu::fillClub() {
         combo->setEnabled(box.enabled);
         boxLines_[c.which] = box.lines;
     }
-    QString heading = qs(club->Colours);
+    // The colours without the "- " that opens them in the Squadsheet.
+    QString heading = qs(trim(kitColourName(*club)));
     if (!club->LeagueNumber.empty()) heading = qs("League " + club->LeagueNumber) + (heading.isEmpty() ? "" : "   ·   " + heading);
     clubHeading_->setText(heading);
 }
