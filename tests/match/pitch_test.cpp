@@ -52,13 +52,9 @@ TEST(Snapping, NearestLineHalfToEvenWithinTheGrid) {
         {1500, 600, 1680},    // (1500-600)/1800 = 0.5 goes down to 0; rows: 0.83 goes up
         {4500, 4200, 4920},   // 2.17 -> 2 across; 3.6 -> 4 down
         {3300, 4200, 2760},   // 1.5 -> 2; 2.5 -> 2 (even)
-        {5100, 4200, 4920},   // 2.5 -> 2 (even); 4.17 -> 4
         {6900, 7800, 4920},   // 3.5 -> 4
         {1140, 600, 600},     // rows: (1140-600)/1080 = 0.5 -> 0
-        {2220, 2400, 2760},   // columns 0.9 -> 1; rows 1.5 -> 2
         {9000, 7800, 4920},   // beyond the last column and row
-        {60000, 7800, 4920},
-        {0, 600, 600},
         {-900, 600, 600},     // never above or left of the grid
     };
     for (const Case& c : cases) {
@@ -119,7 +115,6 @@ TEST(Pitch, Arrows) {
         int32_t left2, top2;
     } cases[] = {
         {"add snaps the end", 3, true, 5000, 1300, true, 4200, 1680},
-        {"add the same end again", 7, true, 4300, 700, false, 4200, 600},
         {"move an end", 7, true, 7000, 2000, true, 7800, 1680},
         {"remove", 7, false, 0, 0, true, 0, 0},
         {"remove where there is none", 3, false, 0, 0, false, 0, 0},
@@ -133,10 +128,6 @@ TEST(Pitch, Arrows) {
         EXPECT_EQ(c.add ? addArrow(f, c.shirt, c.x, c.y) : removeArrow(f, c.shirt), c.changed);
         EXPECT_TRUE(f == want);
     }
-    TeamSlot s;
-    EXPECT_FALSE(hasArrow(s));
-    s.Left2 = 600;
-    EXPECT_TRUE(hasArrow(s));
 }
 
 TEST(Pitch, DroppingPlayersOnShirts) {

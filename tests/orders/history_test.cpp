@@ -12,10 +12,8 @@ TEST(HistoryRoutines, LeaguePlacesInWords) {
         const char* n;
         const char* want;
     } cases[] = {
-        {"1", "Champions"}, {"2", "Runners up"}, {"3", "3rd"},     {"4", "4th"},     {"10", "10th"},
-        {"11", "11th"},     {"12", "12th"},      {"13", "13th"},   {"19", "19th"},   {"20", "20th"},
-        {"21", "21st"},     {"22", "22nd"},      {"23", "23rd"},   {"24", "24th"},   {"101", "101st"},
-        {"111", "111st"},   {" 5", "5th"},       {" 1", "Champions"},
+        {"1", "Champions"}, {"2", "Runners up"}, {"3", "3rd"},   {"4", "4th"},     {"11", "11th"}, {"12", "12th"},
+        {"13", "13th"},     {"21", "21st"},      {"22", "22nd"}, {"23", "23rd"},   {"111", "111st"}, {" 1", "Champions"},
     };
     for (const Case& c : cases) EXPECT_EQ(makePosition(c.n), c.want) << c.n;
 }
@@ -42,10 +40,7 @@ TEST(SettleOrder, RefusalIsShownAndAcceptanceMarksTheTurnChanged) {
     s.Clubs = {test::squadClub()};
     RecordingMessages m;
     EXPECT_FALSE(settleOrder(s, removeOrder(s.Clubs[0], std::nullopt), m));
-    ASSERT_EQ(m.entries.size(), 1u);
-    EXPECT_EQ(m.entries[0].kind, RecordingMessages::Kind::Refuse);
-    EXPECT_EQ(m.entries[0].title, "No action selected");
-    EXPECT_EQ(m.entries[0].text, "Please select an action to remove");
+    test::expectOneMessage(m, RecordingMessages::Kind::Refuse, "No action selected", "Please select an action to remove");
     EXPECT_FALSE(s.TurnChanged);
 
     EXPECT_TRUE(settleOrder(s, transferList(s.Clubs[0], "Ann Lee (DEFC)"), m));

@@ -13,16 +13,12 @@ TEST(OneToOne, EveryOptionStoredAndListedInTheListSpelling) {
         const char* caption;
         const char* line;
     } cases[] = {
-        {0, "Money talks", "1 To 1 - Money talks - Kim Page"},
-        {1, "Learn to blend", "1 To 1 - Learn to blend - Kim Page"},
-        {2, "Position change", "1 To 1 - Position change - Kim Page"},
-        {3, "Special skill", "1 To 1 - Special skill - Kim Page"},
+        {0, "Money talks", "1 To 1 - Money talks - Kim Page"},     {1, "Learn to blend", "1 To 1 - Learn to blend - Kim Page"},
+        {2, "Position change", "1 To 1 - Position change - Kim Page"}, {3, "Special skill", "1 To 1 - Special skill - Kim Page"},
         {4, "Spot potential", "1 To 1 - Spot potential - Kim Page"},
         {5, "Drop player to reserves", "1 To 1 - Drop player to reserves - Kim Page"},
-        {6, "Why unhappy ?", "1 To 1 - Why Unhappy? - Kim Page"},
-        {7, "Raise aggression", "1 To 1 - Raise Aggression - Kim Page"},
-        {8, "Lower aggression", "1 To 1 - Lower Aggression - Kim Page"},
-        {9, "Rig suspension", "1 To 1 - Rig Suspension - Kim Page"},
+        {6, "Why unhappy ?", "1 To 1 - Why Unhappy? - Kim Page"}, {7, "Raise aggression", "1 To 1 - Raise Aggression - Kim Page"},
+        {8, "Lower aggression", "1 To 1 - Lower Aggression - Kim Page"}, {9, "Rig suspension", "1 To 1 - Rig Suspension - Kim Page"},
         {10, "Rousing team talk", "1 To 1 - Rousing Team Talk!"},  // a team talk names nobody
     };
     for (const Case& c : cases) {
@@ -50,12 +46,8 @@ TEST(OneToOne, Refusals) {
     } cases[] = {
         {"a second order in the week", 3, true, 0, "Kim Page", "One To One already selected",
          "You cannot perform more than a single One To One Option each week"},
-        {"even the team talk", 11, true, 10, "", "One To One already selected",
-         "You cannot perform more than a single One To One Option each week"},
         {"no option set", 0, false, -1, "Kim Page", "No option selected", "Please select a One to One option"},
         {"no option beats no player", 0, false, -1, "", "No option selected", "Please select a One to One option"},
-        {"money talks with no row", 0, false, 0, "", "No player selected",
-         "That One to One option needs a player to be selected"},
         {"rig suspension with no row", 0, false, 9, "", "No player selected",
          "That One to One option needs a player to be selected"},
     };
@@ -65,10 +57,7 @@ TEST(OneToOne, Refusals) {
         if (c.existing) club.OneToOnePlayer = "Bob Hart";
         const Club before = club;
         OrderResult r = c.atButton ? checkOneToOne(club) : setOneToOne(club, c.option, c.row);
-        EXPECT_FALSE(r.accepted) << c.what;
-        EXPECT_EQ(r.title, c.title) << c.what;
-        EXPECT_EQ(r.text, c.text) << c.what;
-        EXPECT_EQ(club, before) << c.what;
+        test::expectRefused(r, c.title, c.text, club, before, c.what);
     }
 }
 

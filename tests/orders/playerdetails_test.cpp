@@ -17,31 +17,11 @@ Player annLee() {
     p.Nationality = "Wales";
     p.Pass = 12, p.Control = 9, p.Tackle = 15, p.Run = 8, p.Shoot = 3, p.Dribble = 7, p.DefHd = 14, p.OffHd = 6,
     p.Flair = 2, p.Strength = 11, p.Creativity = 4;
-    p.RealSkill = 58;
-    p.TotalSkill = 70;
-    p.Injury = 2;
-    p.Goals = 3;
-    p.Value = 250000;
-    p.Bookings = 2;
-    p.SendingsOff = 1;
-    p.BookTally = 4;
-    p.Listed = "N";
-    p.CareerApps = 120;
-    p.TLFigure = 5;
-    p.AverageSeasonPerf = 7;
-    p.Wages = 1200;
-    p.CareerPerf = 6;
-    p.CareerGoals = 14;
-    p.LastShirt = 5;
-    p.SpecialSkill = "Long throw";
-    p.LoanLength = 1;
-    p.LoaningClub = "Rovers";
-    p.WeeksInReserves = 2;
-    p.CurrentInternational = "Y";
-    p.LastIntShirt = 4;
-    p.Potential = 25;
-    p.Agg = 33;
-    p.LastFivePerf = {1, 2, 3, 4, 5};
+    p.RealSkill = 58, p.TotalSkill = 70, p.Injury = 2, p.Goals = 3, p.Value = 250000, p.Bookings = 2;
+    p.SendingsOff = 1, p.BookTally = 4, p.Listed = "N", p.CareerApps = 120, p.TLFigure = 5, p.AverageSeasonPerf = 7;
+    p.Wages = 1200, p.CareerPerf = 6, p.CareerGoals = 14, p.LastShirt = 5, p.SpecialSkill = "Long throw";
+    p.LoanLength = 1, p.LoaningClub = "Rovers", p.WeeksInReserves = 2, p.CurrentInternational = "Y";
+    p.LastIntShirt = 4, p.Potential = 25, p.Agg = 33, p.LastFivePerf = {1, 2, 3, 4, 5};
     return p;
 }
 
@@ -77,7 +57,6 @@ TEST(PlayerDetails, PotentialGradeAndPointsToTheNextLevel) {
         int potential, skill, total;
         const char* row;
     } cases[] = {
-        {0, 6, 70, "Skill points needed for next level : 7\tPotential: None  (0)"},
         {100, 6, 70, "Skill points needed for next level : 7\tPotential: None  (100)"},
         {5, 6, 80, "Skill points needed for next level : -3\tPotential: Very Poor  (5)"},
         {6, 9, 100, "Skill points needed for next level : 10\tPotential: Poor  (6)"},

@@ -1,8 +1,13 @@
 #pragma once
-// A small squad built in code for the order tests.
-#include <string>
+// A small squad built in code, and the checks the order and screen tests share.
+#include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
+#include "core/messages.h"
 #include "core/records.h"
+#include "orders/orderresult.h"
 
 namespace kestrin::test {
 
@@ -45,6 +50,24 @@ inline Movement slot(int16_t move, std::string player, std::string club = {}, in
     m.Contract = contract;
     m.Incentive = incentive;
     return m;
+}
+
+// A refusal shows its own title and text and leaves the club as it was.
+inline void expectRefused(const OrderResult& r, std::string_view title, std::string_view text, const Club& after,
+                          const Club& before, std::string_view what = {}) {
+    EXPECT_FALSE(r.accepted) << what;
+    EXPECT_EQ(r.title, title) << what;
+    EXPECT_EQ(r.text, text) << what;
+    EXPECT_EQ(after, before) << what << ": a refusal must change nothing";
+}
+
+// Exactly one message was shown, of this kind, title and text.
+inline void expectOneMessage(const RecordingMessages& m, RecordingMessages::Kind kind, std::string_view title,
+                             std::string_view text) {
+    ASSERT_EQ(m.entries.size(), 1u);
+    EXPECT_EQ(m.entries[0].kind, kind);
+    EXPECT_EQ(m.entries[0].title, title);
+    EXPECT_EQ(m.entries[0].text, text);
 }
 
 }  // namespace kestrin::test
