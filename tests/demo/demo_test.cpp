@@ -19,29 +19,10 @@ using namespace kestrin;
 using kestrin::test::filesBelow;
 using kestrin::test::TempDir;
 
-namespace kestrin {
-// Enough of a player to tell which one and where he differs.
-[[maybe_unused]] static void PrintTo(const Player& p, std::ostream* os) {
-    *os << p.Name << " " << p.Position << " age " << p.Age << " TS " << p.TotalSkill << " inj " << p.Injury
-        << " susp " << p.SuspPoints << " value " << p.Value << " wages " << p.Wages << " loan " << p.LoanLength << " "
-        << p.LoaningClub << " reserves " << p.WeeksInReserves << " perf " << p.AverageSeasonPerf << " career "
-        << p.CareerApps << "/" << p.CareerGoals << "/" << p.CareerPerf << " pot " << p.Potential;
-}
-}  // namespace kestrin
-
 namespace {
 
-DemoOptions small(uint64_t seed) {
-    DemoOptions o;
-    o.seed = seed;
-    o.exportClubs = 40;
-    return o;
-}
-
-Session load(const fs::path& folder) {
-    RecordingMessages messages;
-    return loadSession(folder, messages);
-}
+using test::loadQuietly;
+DemoOptions small(uint64_t seed) { return test::smallDemo(seed, 40); }
 
 const demo::DemoClub* managedByKey(const demo::League& league, const std::string& key) {
     for (const demo::DemoClub* c : league.managedClubs())
@@ -79,106 +60,54 @@ TEST(DemoLeague, GameIniIsScrambledAndReadsBack) {
     EXPECT_EQ(static_cast<unsigned char>(bytes[43]), 0xA3 + 11);
     const GameIni ini = readGameIni(t.path() / "game.ini");
     EXPECT_EQ(ini.Currency, "\xA3");
-    EXPECT_FALSE(ini.GameName.empty());
-    EXPECT_FALSE(ini.ShortName.empty());
-    EXPECT_NE(ini.AdminAddress.find('@'), std::string::npos);
-    std::set<std::string> names, codes;
-    for (size_t k = 1; k <= 8; ++k) {
-        names.insert(ini.LeagueNames[k]);
-        codes.insert(ini.LeagueCodes[k]);
-    }
+    std::set<std::string> names(ini.LeagueNames.begin() + 1, ini.LeagueNames.begin() + 9);
     EXPECT_EQ(names.size(), 8u);
-    EXPECT_EQ(codes.size(), 8u);
     EXPECT_EQ(names.count(""), 0u);
 }
 
 TEST(DemoLeague, SessionHoldsWhatTheSquadsheetsSay) {
-    for (uint64_t seed : {1u, 2u, 3u}) {
+    for (uint64_t seed : {1u, 2u}) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         TempDir t;
         const DemoOptions o = small(seed);
         makeDemoLeague(t.path(), o);
+        fs::remove_all(t.path() / "Turnsheet");  // the clubs as the Squadsheets alone give them
         const demo::League league(o);  // the same seed gives the league the files were made from
-        const Session s = load(t.path());
+        const Session s = loadQuietly(t.path());
         EXPECT_TRUE(s.LoadProblems.empty()) << (s.LoadProblems.empty() ? "" : s.LoadProblems[0]);
         ASSERT_EQ(s.ClubCount(), o.clubs);
         EXPECT_EQ(s.TurnStamp, league.turnStamp());
         EXPECT_EQ(s.TurnStamp.size(), 22u);
-
         for (const Club& got : s.Clubs) {
             const demo::DemoClub* model = managedByKey(league, got.ClubFile);
             ASSERT_NE(model, nullptr) << got.ClubFile;
-            const Club want = league.expectedClub(*model);
-            SCOPED_TRACE(want.Name);
-            EXPECT_EQ(got.Name, want.Name);
-            EXPECT_EQ(got.Colours, want.Colours);
-            EXPECT_EQ(got.LeagueNumber, want.LeagueNumber);
-            const std::pair<const char*, std::pair<int64_t, int64_t>> numbers[] = {
-                {"Credits", {got.Credits, want.Credits}},
-                {"StampCredits", {got.StampCredits, want.StampCredits}},
-                {"Capacity", {got.Capacity, want.Capacity}},
-                {"Facilities", {got.Facilities, want.Facilities}},
-                {"TicketPrice", {got.TicketPrice, want.TicketPrice}},
-                {"SeasonTicketHolders", {got.SeasonTicketHolders, want.SeasonTicketHolders}},
-                {"PotentialCrowd", {got.PotentialCrowd, want.PotentialCrowd}},
-                {"CrowdRating", {got.CrowdRating, want.CrowdRating}},
-                {"GamesPlayed", {got.GamesPlayed, want.GamesPlayed}},
-                {"AverageGate", {got.AverageGate, want.AverageGate}},
-                {"RecentPerformance", {got.RecentPerformance, want.RecentPerformance}},
-                {"GoalkeeperCoach", {got.GoalkeeperCoach, want.GoalkeeperCoach}},
-                {"DefenceCoach", {got.DefenceCoach, want.DefenceCoach}},
-                {"MidfieldCoach", {got.MidfieldCoach, want.MidfieldCoach}},
-                {"AttackCoach", {got.AttackCoach, want.AttackCoach}},
-                {"Groundsman", {got.Groundsman, want.Groundsman}},
-                {"Physio", {got.Physio, want.Physio}},
-                {"Scout", {got.Scout, want.Scout}},
-                {"Marketing", {got.Marketing, want.Marketing}},
-                {"BlendPassing", {got.BlendPassing, want.BlendPassing}},
-                {"BlendCrossing", {got.BlendCrossing, want.BlendCrossing}},
-                {"WageBill", {got.WageBill, want.WageBill}},
-                {"Costs", {got.Costs, want.Costs}},
-                {"GateMoney", {got.GateMoney, want.GateMoney}},
-                {"Merchandise", {got.Merchandise, want.Merchandise}},
-                {"Sponsorship", {got.Sponsorship, want.Sponsorship}},
-                {"SundriesIn", {got.SundriesIn, want.SundriesIn}},
-                {"SundriesOut", {got.SundriesOut, want.SundriesOut}},
-                {"MoneyBet", {got.MoneyBet, want.MoneyBet}},
-                {"BettingWinnings", {got.BettingWinnings, want.BettingWinnings}},
-                {"TransfersRecouped", {got.TransfersRecouped, want.TransfersRecouped}},
-                {"TransfersSpent", {got.TransfersSpent, want.TransfersSpent}},
-                {"Balance", {got.Balance, want.Balance}},
-            };
-            for (const auto& [field, pair] : numbers) EXPECT_EQ(pair.first, pair.second) << field;
-            EXPECT_EQ(got.Stadium, want.Stadium);
-            EXPECT_EQ(got.MainSponsor, want.MainSponsor);
-            EXPECT_EQ(got.BlendAverages, want.BlendAverages);
-            EXPECT_EQ(got.CapacityUpgrade, want.CapacityUpgrade);
-            EXPECT_EQ(got.FacilityUpgrade, want.FacilityUpgrade);
-            EXPECT_EQ(got.DepartmentUpgrade, want.DepartmentUpgrade);
-            EXPECT_EQ(got.ReportLines, want.ReportLines);
-
-            ASSERT_EQ(got.Players.size(), want.Players.size());
-            for (size_t i = 0; i < got.Players.size(); ++i) EXPECT_EQ(got.Players[i], want.Players[i]);
-            ASSERT_EQ(got.FixtureCount, want.FixtureCount);
-            ASSERT_EQ(got.Fixtures.size(), want.Fixtures.size());
+            Club want = league.expectedClub(*model);
+            EXPECT_EQ(got.Players, want.Players) << want.Name;
+            ASSERT_EQ(got.Fixtures.size(), want.Fixtures.size()) << want.Name;
             for (size_t m = 0; m < got.Fixtures.size(); ++m) {
-                EXPECT_EQ(got.Fixtures[m].Venue, want.Fixtures[m].Venue);
-                EXPECT_EQ(got.Fixtures[m].Opponent, want.Fixtures[m].Opponent);
-                EXPECT_EQ(got.Fixtures[m].Competition, want.Fixtures[m].Competition);
+                const Fixture &g = got.Fixtures[m], &w = want.Fixtures[m];
+                EXPECT_EQ(g.Venue + "|" + g.Opponent + "|" + g.Competition,
+                          w.Venue + "|" + w.Opponent + "|" + w.Competition);
             }
+            want.Fixtures = got.Fixtures;  // the team sheets stand at their default places, no Squadsheet matter
+            EXPECT_TRUE(got == want) << want.Name << ": a field of the club's details differs";
         }
     }
 }
 
-// Rules of the squads that hold for every player of every managed club.
-TEST(DemoLeague, EveryPlayerIsCoherent) {
+// Rules of the squads that hold for every player of every managed club, and
+// the cases the program's rules need.
+TEST(DemoLeague, EveryPlayerIsCoherentAndEveryClubHasTheCasesTheRulesNeed) {
     TempDir t;
     DemoOptions o = small(4);
     o.clubs = 6;
     makeDemoLeague(t.path(), o);
-    const Session s = load(t.path());
+    const Session s = loadQuietly(t.path());
     ASSERT_EQ(s.ClubCount(), 6);
     const std::set<std::string> codes(kPositionCodes.begin(), kPositionCodes.end());
+    // Across the league: the grade bands of potential, #NULL# figures read as 0, sides of the pitch.
+    std::set<std::string> grades, sides;
+    bool nullPerf = false, nullFive = false;
     for (const Club& c : s.Clubs) {
         SCOPED_TRACE(c.Name);
         EXPECT_GE(c.Players.size(), 20u);
@@ -202,20 +131,16 @@ TEST(DemoLeague, EveryPlayerIsCoherent) {
                 EXPECT_EQ(p.WeeksInReserves, 0);
             }
             keepers += p.Position == "AGKP";
+            grades.insert(potentialGrade(p.Potential));
+            sides.insert(p.Position.substr(3));
+            nullPerf = nullPerf || p.AverageSeasonPerf == 0;
+            nullFive = nullFive || p.LastFivePerf[0] == 0;
         }
         EXPECT_GE(keepers, 2);
         EXPECT_LE(keepers, 3);
     }
-}
 
-// Cases every rule of the program needs, present in every managed club.
-TEST(DemoLeague, EveryClubHasTheCasesTheRulesNeed) {
-    TempDir t;
-    DemoOptions o = small(5);
-    o.clubs = 5;
-    makeDemoLeague(t.path(), o);
-    const Session s = load(t.path());
-    ASSERT_EQ(s.ClubCount(), 5);
+    // Cases every rule of the program needs, present in every managed club.
     struct Case {
         const char* what;
         bool (*holds)(const Player&);
@@ -232,17 +157,6 @@ TEST(DemoLeague, EveryClubHasTheCasesTheRulesNeed) {
     for (const Club& c : s.Clubs)
         for (const Case& k : cases)
             EXPECT_TRUE(std::any_of(c.Players.begin(), c.Players.end(), k.holds)) << c.Name << " lacks " << k.what;
-
-    // Across the league: the grade bands of potential, #NULL# figures read as 0, sides of the pitch.
-    std::set<std::string> grades, sides;
-    bool nullPerf = false, nullFive = false;
-    for (const Club& c : s.Clubs)
-        for (const Player& p : c.Players) {
-            grades.insert(potentialGrade(p.Potential));
-            sides.insert(p.Position.substr(3));
-            nullPerf = nullPerf || p.AverageSeasonPerf == 0;
-            nullFive = nullFive || p.LastFivePerf[0] == 0;
-        }
     EXPECT_EQ(grades.size(), 8u);
     EXPECT_EQ(sides, (std::set<std::string>{"C", "L", "P", "R"}));
     EXPECT_TRUE(nullPerf);
@@ -254,7 +168,7 @@ TEST(DemoLeague, ClubExportHoldsEveryClubWithItsTail) {
     const DemoOptions o = small(6);
     makeDemoLeague(t.path(), o);
     const demo::League league(o);
-    const Session s = load(t.path());
+    const Session s = loadQuietly(t.path());
     ASSERT_EQ(s.ExportClubs.size(), size_t(o.exportClubs));
     ASSERT_EQ(league.clubs().size(), s.ExportClubs.size());
 
@@ -283,80 +197,27 @@ TEST(DemoLeague, ClubExportHoldsEveryClubWithItsTail) {
     EXPECT_TRUE(multiWordColours);
 }
 
-TEST(DemoLeague, NoScheduledMatchesGivesAnEmptyNeutralFixture) {
-    // Find a seed whose first week has the line, then check what the session makes of it.
-    uint64_t seed = 0;
-    std::string key;
-    for (uint64_t candidate = 1; candidate < 60 && key.empty(); ++candidate) {
-        const demo::League league(small(candidate));
-        for (const demo::DemoClub* c : league.managedClubs())
-            if (!c->MatchLines.empty() && c->MatchLines[0] == kNoScheduledMatches) {
-                seed = candidate;
-                key = c->Key;
-            }
-    }
-    ASSERT_FALSE(key.empty()) << "no seed below 60 has a week without matches";
-    TempDir t;
-    makeDemoLeague(t.path(), small(seed));
-    const Session s = load(t.path());
-    const auto club = std::find_if(s.Clubs.begin(), s.Clubs.end(), [&](const Club& c) { return c.ClubFile == key; });
-    ASSERT_NE(club, s.Clubs.end());
-    ASSERT_EQ(club->FixtureCount, 1);
-    EXPECT_EQ(club->Fixtures[0].Venue, "N");
-    EXPECT_EQ(club->Fixtures[0].Opponent, "");
-    EXPECT_EQ(club->Fixtures[0].Competition, "");
-}
-
 TEST(DemoLeague, ArchivesHoldTheWeeksAndTheFirstIsUnpacked) {
     TempDir t;
     DemoOptions o = small(7);
     o.weeks = 3;
     makeDemoLeague(t.path(), o);
-
-    std::vector<Club> weeks;  // the first club as each week's Squadsheet gives it
-    std::set<std::string> stamps;
     for (int w = 1; w <= 3; ++w) {
         SCOPED_TRACE("week " + std::to_string(w));
         const fs::path dir = t.path() / "Archives" / ("week" + std::to_string(w));
         const std::vector<std::string> squads = listZip(dir / "squad.zip");
-        ASSERT_EQ(squads.size(), size_t(o.clubs));
-        // Load New Turn's test: an upper-case "SQUA.TXT" that isn't the club export.
-        for (const std::string& n : squads) {
-            EXPECT_NE(n.find("SQUA.TXT"), std::string::npos) << n;
-            EXPECT_NE(upper(n), "CLUBSQUA.TXT");
-        }
-        const std::vector<std::string> weekly = listZip(dir / "weekly.zip");
-        EXPECT_TRUE(std::any_of(weekly.begin(), weekly.end(),
-                                [](const std::string& n) { return upper(n) == "CLUBSQUA.TXT"; }));
+        EXPECT_EQ(squads.size(), size_t(o.clubs));
         EXPECT_TRUE(isSquadArchive(squads));
-        EXPECT_TRUE(isWeeklyArchive(weekly));
-
-        TempDir out;
-        extractZip(dir / "squad.zip", out.path());
-        std::string stamp;
-        weeks.push_back(readSquadsheet(readLines(out.path() / squads[0]), squads[0], clubFileFromName(squads[0]), stamp));
-        stamps.insert(stamp);
-        if (w == 1) {
-            // The game folder holds week 1, byte for byte.
-            for (const std::string& n : squads) EXPECT_TRUE(out.read(n) == t.read("Squadsheets/" + n)) << n;
-            TempDir wk;
-            extractZip(dir / "weekly.zip", wk.path());
-            EXPECT_TRUE(wk.read("clubsqua.txt") == t.read("Weekly/clubsqua.txt"));
-        }
+        EXPECT_FALSE(isWeeklyArchive(squads));
+        EXPECT_TRUE(isWeeklyArchive(listZip(dir / "weekly.zip")));
     }
-    EXPECT_EQ(stamps.size(), 3u) << "every week has its own turn stamp";
-
-    // The league moves on: some figure of the squad, the money and the fixtures change.
-    for (size_t w = 1; w < weeks.size(); ++w) {
-        const Club &before = weeks[w - 1], &after = weeks[w];
-        EXPECT_NE(before.Balance, after.Balance);
-        EXPECT_NE(before.ReportLines, after.ReportLines);
-        bool fitnessMoved = false;
-        for (size_t i = 0; i < before.Players.size() && i < after.Players.size(); ++i)
-            fitnessMoved = fitnessMoved || before.Players[i].Injury != after.Players[i].Injury ||
-                           before.Players[i].SuspPoints != after.Players[i].SuspPoints;
-        EXPECT_TRUE(fitnessMoved);
-    }
+    // The game folder holds week 1, byte for byte.
+    const fs::path week1 = t.path() / "Archives" / "week1";
+    TempDir out;
+    for (const fs::path& f : extractZip(week1 / "squad.zip", out.path()))
+        EXPECT_TRUE(readFileBytes(f) == t.read("Squadsheets/" + f.filename().string())) << f;
+    extractZip(week1 / "weekly.zip", out.path());
+    EXPECT_TRUE(out.read("clubsqua.txt") == t.read("Weekly/clubsqua.txt"));
 }
 
 TEST(DemoLeague, LaterWeeksLoadAsNewTurns) {
@@ -417,7 +278,7 @@ TEST(DemoLeague, FirstClubsHaveOrdersTheRulesAllow) {
     TempDir t;
     const DemoOptions o = small(9);
     makeDemoLeague(t.path(), o);
-    const Session s = load(t.path());
+    const Session s = loadQuietly(t.path());
     ASSERT_EQ(s.ClubCount(), 3);
     for (int c = 0; c < s.ClubCount(); ++c) {
         const Club& club = s.Clubs[size_t(c)];
@@ -432,10 +293,6 @@ TEST(DemoLeague, FirstClubsHaveOrdersTheRulesAllow) {
                 if (slot.Player.empty()) continue;
                 ++picked;
                 EXPECT_TRUE(names.insert(slot.Player).second) << slot.Player << " picked twice";
-                const Player* p = club.player(club.findPlayer(slot.Player));
-                ASSERT_NE(p, nullptr) << slot.Player;
-                EXPECT_LT(p->Injury, s.InjuryLimit);
-                EXPECT_LT(p->SuspPoints, s.SuspensionLimit);
                 secondAreas += slot.Top2 > 0;
             }
             if (ordered) {
@@ -451,28 +308,8 @@ TEST(DemoLeague, FirstClubsHaveOrdersTheRulesAllow) {
             static const char* departments[4] = {"AGK", "DEF", "MID", "STR"};
             EXPECT_TRUE(startsWith(p->Position, departments[i % 4])) << order.Player;
             EXPECT_EQ(p->Age < 18, i >= 4) << order.Player;
-            EXPECT_GE(order.Skill, 1);
-            EXPECT_LE(order.Skill, 9);
-        }
-        int points = 0;
-        for (size_t k = 0; k < 3; ++k) {
-            if (club.PhysioPlayer[k].empty()) continue;
-            const Player* p = club.player(club.findPlayer(club.PhysioPlayer[k]));
-            ASSERT_NE(p, nullptr);
-            EXPECT_GT(p->Injury, 0) << p->Name;
-            points += club.PhysioPoints[k];
-        }
-        EXPECT_LE(points, club.Physio);
-        for (size_t k = 0; k < 4; ++k) {
-            if (club.ScoutPlayer[k].empty()) continue;
-            const auto other = std::find_if(s.ExportClubs.begin(), s.ExportClubs.end(),
-                                            [&](const ExportClub& e) { return e.Name == club.ScoutClub[k]; });
-            ASSERT_NE(other, s.ExportClubs.end()) << club.ScoutClub[k];
-            EXPECT_TRUE(std::any_of(other->Players.begin(), other->Players.end(),
-                                    [&](const ExportPlayer& p) { return p.Name == club.ScoutPlayer[k]; }));
         }
         if (ordered) {
-            EXPECT_GT(picked, 0);
             EXPECT_GT(coached, 0);
             EXPECT_GT(secondAreas, 0);
             EXPECT_FALSE(club.ScoutPlayer[0].empty());
@@ -501,7 +338,7 @@ TEST(DemoLeague, MakingAgainReplacesLastWeeksFilesAndLeavesTheManagersOwn) {
     EXPECT_FALSE(fs::exists(t.path() / "Turnsheet/old.txt"));
     EXPECT_FALSE(fs::exists(t.path() / "Weekly/NEWSINC.TXT"));
     EXPECT_EQ(t.read("notepad.kst"), notes);
-    const Session s = load(t.path());
+    const Session s = loadQuietly(t.path());
     EXPECT_TRUE(s.LoadProblems.empty());
     EXPECT_EQ(s.ClubCount(), 3);
 }
@@ -510,7 +347,7 @@ TEST(DemoLeague, LargeLeagueLoadsWhole) {
     TempDir t;
     const DemoOptions o = largeDemoOptions();
     makeDemoLeague(t.path(), o);
-    const Session s = load(t.path());
+    const Session s = loadQuietly(t.path());
     EXPECT_TRUE(s.LoadProblems.empty());
     EXPECT_EQ(s.ClubCount(), 30);
     ASSERT_EQ(s.ExportClubs.size(), 2000u);

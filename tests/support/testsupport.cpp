@@ -5,6 +5,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "core/loader.h"
+
 namespace kestrin::test {
 
 std::map<std::string, std::string> filesBelow(const std::filesystem::path& root) {
@@ -25,6 +27,25 @@ std::map<std::string, std::string> gameFiles(const std::filesystem::path& root) 
     auto files = filesBelow(root);
     std::erase_if(files, [](const auto& entry) { return entry.first.rfind("Archives/", 0) == 0; });
     return files;
+}
+
+std::vector<std::string> shown(const RecordingMessages& messages) {
+    static const char* const kinds[] = {"Refuse", "Warn", "Inform", "Ask"};
+    std::vector<std::string> out;
+    for (const auto& e : messages.entries) out.push_back(std::string(kinds[int(e.kind)]) + "|" + e.title + "|" + e.text);
+    return out;
+}
+
+DemoOptions smallDemo(uint64_t seed, int exportClubs) {
+    DemoOptions o;
+    o.seed = seed;
+    o.exportClubs = exportClubs;
+    return o;
+}
+
+Session loadQuietly(const std::filesystem::path& folder) {
+    RecordingMessages messages;
+    return loadSession(folder, messages);
 }
 
 TempDir::TempDir() {

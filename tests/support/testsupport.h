@@ -4,6 +4,11 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "core/messages.h"
+#include "core/session.h"
+#include "demo/demo.h"
 
 namespace kestrin::test {
 
@@ -14,6 +19,17 @@ std::map<std::string, std::string> filesBelow(const std::filesystem::path& root)
 // The same for a game folder, leaving out the archives the manager was
 // mailed (Archives/ of a demo league).
 std::map<std::string, std::string> gameFiles(const std::filesystem::path& root);
+
+// Each message shown, as "Refuse|title|text" (or Warn, Inform, Ask), so a
+// test compares kind, title and text of all of them at once.
+std::vector<std::string> shown(const RecordingMessages& messages);
+
+// A demo league of the given seed with fewer exported clubs than the
+// default, quick enough for a test.
+DemoOptions smallDemo(uint64_t seed, int exportClubs = 30);
+
+// The session a manager gets on opening the folder, messages discarded.
+Session loadQuietly(const std::filesystem::path& folder);
 
 class TempDir {
 public:
