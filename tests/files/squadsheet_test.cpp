@@ -211,51 +211,35 @@ TEST(Squadsheet, ReadsEveryFieldOfTheClubItsPlayersAndFixtures) {
                                                  match("N", "Harwick", "Charity Shield")}));
     EXPECT_EQ(c.FixtureCount, 3);
 
-    EXPECT_EQ(c.Name, "Kestrel Rovers");
-    EXPECT_EQ(c.ClubFile, "KESTREL");
-    EXPECT_EQ(c.LeagueNumber, "  4");
-    EXPECT_EQ(c.Colours, "Red and White");
-    EXPECT_EQ(c.Credits, 12);
-    EXPECT_EQ(c.StampCredits, 3);
-    EXPECT_EQ(c.Stadium, "Mill Lane");
-    EXPECT_EQ(c.Capacity, 24500);
-    EXPECT_EQ(c.Facilities, 7);
-    EXPECT_EQ(c.TicketPrice, 18);
-    EXPECT_EQ(c.SeasonTicketHolders, 9100);
-    EXPECT_EQ(c.PotentialCrowd, 21000);
-    EXPECT_EQ(c.CrowdRating, 64);
-    EXPECT_EQ(c.GamesPlayed, 11);
-    EXPECT_EQ(c.AverageGate, 17250);
-    EXPECT_EQ(c.RecentPerformance, 58);
-    EXPECT_EQ(c.MainSponsor, "Harbour Ales");
-    EXPECT_EQ(c.CapacityUpgrade, "No capacity increase this week");
-    EXPECT_EQ(c.FacilityUpgrade, "Action facility increase");
-    EXPECT_EQ(c.DepartmentUpgrade, "4 wks until Scout dept upgrade");
-    EXPECT_EQ(c.GoalkeeperCoach, 2);
-    EXPECT_EQ(c.DefenceCoach, 3);
-    EXPECT_EQ(c.MidfieldCoach, 4);
-    EXPECT_EQ(c.AttackCoach, 5);
-    EXPECT_EQ(c.Groundsman, 1);
-    EXPECT_EQ(c.Physio, 6);
-    EXPECT_EQ(c.PhysioPointsLeft, 6);
-    EXPECT_EQ(c.Scout, 2);
-    EXPECT_EQ(c.Marketing, 3);
-    EXPECT_EQ(c.BlendAverages, "Good");
-    EXPECT_EQ(c.BlendPassing, 12);   // 12.5 to the even neighbour
-    EXPECT_EQ(c.BlendCrossing, 14);  // 13.5 likewise
-    EXPECT_EQ(c.WageBill, 48210);
-    EXPECT_EQ(c.Costs, 5120);
-    EXPECT_EQ(c.GateMoney, 61000);
-    EXPECT_EQ(c.Merchandise, 7400);
-    EXPECT_EQ(c.Sponsorship, 15000);
-    EXPECT_EQ(c.SundriesIn, 300);
-    EXPECT_EQ(c.SundriesOut, 1250);
-    EXPECT_EQ(c.MoneyBet, 500);
-    EXPECT_EQ(c.BettingWinnings, 0);
-    EXPECT_EQ(c.TransfersRecouped, 120000);
-    EXPECT_EQ(c.TransfersSpent, 95000);
-    EXPECT_EQ(c.Balance, -250000);
-
+    // The blend figures of 12.5 and 13.5 go to the even neighbour.
+    const struct { const char* field; long long got, want; } numbers[] = {
+        {"Credits", c.Credits, 12}, {"StampCredits", c.StampCredits, 3}, {"Capacity", c.Capacity, 24500},
+        {"Facilities", c.Facilities, 7}, {"TicketPrice", c.TicketPrice, 18},
+        {"SeasonTicketHolders", c.SeasonTicketHolders, 9100}, {"PotentialCrowd", c.PotentialCrowd, 21000},
+        {"CrowdRating", c.CrowdRating, 64}, {"GamesPlayed", c.GamesPlayed, 11},
+        {"AverageGate", c.AverageGate, 17250}, {"RecentPerformance", c.RecentPerformance, 58},
+        {"GoalkeeperCoach", c.GoalkeeperCoach, 2}, {"DefenceCoach", c.DefenceCoach, 3},
+        {"MidfieldCoach", c.MidfieldCoach, 4}, {"AttackCoach", c.AttackCoach, 5},
+        {"Groundsman", c.Groundsman, 1}, {"Physio", c.Physio, 6}, {"PhysioPointsLeft", c.PhysioPointsLeft, 6},
+        {"Scout", c.Scout, 2}, {"Marketing", c.Marketing, 3}, {"BlendPassing", c.BlendPassing, 12},
+        {"BlendCrossing", c.BlendCrossing, 14}, {"WageBill", c.WageBill, 48210}, {"Costs", c.Costs, 5120},
+        {"GateMoney", c.GateMoney, 61000}, {"Merchandise", c.Merchandise, 7400},
+        {"Sponsorship", c.Sponsorship, 15000}, {"SundriesIn", c.SundriesIn, 300},
+        {"SundriesOut", c.SundriesOut, 1250}, {"MoneyBet", c.MoneyBet, 500},
+        {"BettingWinnings", c.BettingWinnings, 0}, {"TransfersRecouped", c.TransfersRecouped, 120000},
+        {"TransfersSpent", c.TransfersSpent, 95000}, {"Balance", c.Balance, -250000},
+    };
+    for (const auto& n : numbers) EXPECT_EQ(n.got, n.want) << n.field;
+    const struct { const char* field; std::string got, want; } texts[] = {
+        {"Name", c.Name, "Kestrel Rovers"}, {"ClubFile", c.ClubFile, "KESTREL"},
+        {"LeagueNumber", c.LeagueNumber, "  4"}, {"Colours", c.Colours, "Red and White"},
+        {"Stadium", c.Stadium, "Mill Lane"}, {"MainSponsor", c.MainSponsor, "Harbour Ales"},
+        {"CapacityUpgrade", c.CapacityUpgrade, "No capacity increase this week"},
+        {"FacilityUpgrade", c.FacilityUpgrade, "Action facility increase"},
+        {"DepartmentUpgrade", c.DepartmentUpgrade, "4 wks until Scout dept upgrade"},
+        {"BlendAverages", c.BlendAverages, "Good"},
+    };
+    for (const auto& t : texts) EXPECT_EQ(t.got, t.want) << t.field;
     EXPECT_EQ(c.ReportLines, (std::vector<std::string>{"Turnsheet processed for Kestrel Rovers", "",
                                                       "TRAINING GROUND", "  Tom Baxter improved Tackle",
                                                       "Scheduled matches for next week"}));
