@@ -12,9 +12,8 @@
 namespace kestrin {
 
 enum class TeamFilter { AllAges = 0, Seniors = 1, Youth = 2 };
-// PositionFilter (btnPos) is the squad grid's own, from core/clubview.h.
-inline constexpr std::array<std::string_view, 3> kTeamFilterTexts = {"All Ages", "Seniors", "Youth"};
-inline constexpr std::array<std::string_view, 5> kPositionFilterTexts = {"All", "Gkp", "Def", "Mid", "Str"};
+// PositionFilter (btnPos) and the captions of both filters are the squad
+// grid's own, from core/clubview.h.
 
 // A player may be picked when his Injury and SuspPoints are both below the limits.
 bool canPlay(const Player& player, int injuryLimit, int suspensionLimit);

@@ -1,5 +1,6 @@
 #include "ui/pitchgrid.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -382,23 +383,6 @@ void AvailableList::dropEvent(QDropEvent* event) {
 
 namespace {
 
-QButtonGroup* filterButtons(QWidget* parent, QHBoxLayout* row, const QString& name, const auto& captions) {
-    auto* group = new QButtonGroup(parent);
-    group->setObjectName(name);
-    group->setExclusive(true);
-    int id = 0;
-    for (std::string_view caption : captions) {
-        auto* b = makeButton(name + QString::number(id), qs(caption), parent);
-        b->setCheckable(true);
-        b->setChecked(id == 0);
-        b->setStyleSheet("padding: 3px 6px;");
-        group->addButton(b, id);
-        row->addWidget(b);
-        ++id;
-    }
-    return group;
-}
-
 const char* const kListLook =
     "QListWidget { background: white; border: 1px solid #a9b6c4; border-radius: 3px; }"
     "QListWidget::item:selected { background: #2c5d8f; color: white; }";
@@ -464,16 +448,18 @@ PitchGridScreen::PitchGridScreen(SessionController& controller, QWidget* parent)
     pl->setSpacing(4);
     auto* teamRow = new QHBoxLayout;
     teamRow->setSpacing(3);
-    btnTeam_ = filterButtons(this, teamRow, "btnTeam", kTeamFilterTexts);
+    btnTeam_ = filterButtons(this, teamRow, "btnTeam", kAgeFilterCaptions);
     teamRow->addStretch(1);
     pl->addLayout(teamRow);
     auto* posRow = new QHBoxLayout;
     posRow->setSpacing(3);
-    btnPos_ = filterButtons(this, posRow, "btnPos", kPositionFilterTexts);
+    btnPos_ = filterButtons(this, posRow, "btnPos", kPositionFilterCaptions);
     posRow->addStretch(1);
     pl->addLayout(posRow);
-    for (QButtonGroup* g : {btnTeam_, btnPos_})
+    for (QButtonGroup* g : {btnTeam_, btnPos_}) {
+        for (QAbstractButton* b : g->buttons()) b->setStyleSheet("padding: 3px 6px;");  // the panel is narrow
         connect(g, &QButtonGroup::idClicked, this, [this] { showFixture(); });
+    }
     pl->addWidget(new QLabel("Available: drag a player on to a shirt", players));
     lstAvailable_->setFont(fixedFont());
     lstAvailable_->setStyleSheet(kListLook);

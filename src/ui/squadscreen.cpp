@@ -33,22 +33,6 @@ namespace {
 constexpr int kGameTextRole = Qt::UserRole;
 constexpr int kTagRole = Qt::UserRole + 1;
 
-QButtonGroup* filterButtons(QWidget* parent, QHBoxLayout* row, const QString& name, const auto& captions) {
-    auto* group = new QButtonGroup(parent);
-    group->setObjectName(name);
-    group->setExclusive(true);
-    int id = 0;
-    for (std::string_view caption : captions) {
-        auto* b = makeButton(name + QString::number(id), qs(caption), parent);
-        b->setCheckable(true);
-        b->setChecked(id == 0);
-        group->addButton(b, id);
-        row->addWidget(b);
-        ++id;
-    }
-    return group;
-}
-
 std::string rawText(const QVariant& v) { return v.toByteArray().toStdString(); }
 
 }  // namespace

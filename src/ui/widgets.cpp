@@ -1,3 +1,4 @@
+#include <QButtonGroup>
 #include <QDialog>
 #include <QHBoxLayout>
 #include "ui/widgets.h"
@@ -37,6 +38,20 @@ OkCancel makeOkCancel(QDialog* dialog) {
     b.row->addWidget(b.cancel);
     QObject::connect(b.cancel, &QPushButton::clicked, dialog, &QDialog::reject);
     return b;
+}
+
+QButtonGroup* filterButtons(QWidget* parent, QHBoxLayout* row, const QString& name, const QStringList& captions) {
+    auto* group = new QButtonGroup(parent);
+    group->setObjectName(name);
+    group->setExclusive(true);
+    for (int id = 0; id < captions.size(); ++id) {
+        auto* b = makeButton(name + QString::number(id), captions[id], parent);
+        b->setCheckable(true);
+        b->setChecked(id == 0);
+        group->addButton(b, id);
+        row->addWidget(b);
+    }
+    return group;
 }
 
 QPushButton* makeButton(const QString& objectName, const QString& caption, QWidget* parent) {

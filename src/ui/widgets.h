@@ -3,8 +3,11 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QString>
+#include <QStringList>
+#include <string_view>
 #include <QWidget>
 
+class QButtonGroup;
 class QDialog;
 class QHBoxLayout;
 
@@ -38,6 +41,16 @@ struct OkCancel {
     QPushButton* cancel;
 };
 OkCancel makeOkCancel(QDialog* dialog);
+
+// A row of exclusive filter buttons named name0, name1, ... with the first
+// one checked; the group's ids are the buttons' positions.
+QButtonGroup* filterButtons(QWidget* parent, QHBoxLayout* row, const QString& name, const QStringList& captions);
+template <class Captions>
+QButtonGroup* filterButtons(QWidget* parent, QHBoxLayout* row, const QString& name, const Captions& captions) {
+    QStringList list;
+    for (std::string_view caption : captions) list << QString::fromLatin1(caption.data(), qsizetype(caption.size()));
+    return filterButtons(parent, row, name, list);
+}
 
 // A button of a screen that is not built yet: present, switched off, and
 // saying what is coming.

@@ -61,8 +61,8 @@ TEST(PitchLists, TeamAndPositionFilters) {
     };
     Club club = squad();
     for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(kTeamFilterTexts[size_t(c.team)]) + "/" +
-                     std::string(kPositionFilterTexts[size_t(c.position)]));
+        SCOPED_TRACE(std::string(kAgeFilterCaptions[size_t(c.team)]) + "/" +
+                     std::string(kPositionFilterCaptions[size_t(c.position)]));
         Fixture f;
         PitchLists l = buildPitchLists(club, f, kInjuryLimit, kSuspensionLimit, c.team, c.position);
         EXPECT_EQ(l.Available, c.available);
