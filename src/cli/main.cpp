@@ -10,7 +10,9 @@
 #include "core/loader.h"
 #include "core/text.h"
 #include "files/loadturn.h"
+#include "files/news.h"
 #include "files/turnsheet.h"
+#include "orders/harvest.h"
 
 #include "demo/demo.h"
 
@@ -23,6 +25,7 @@ constexpr const char* kUsage =
     "usage: kestrin-cli --game-dir DIR session\n"
     "       kestrin-cli --game-dir DIR save-turnsheets\n"
     "       kestrin-cli --game-dir DIR load-turn SQUAD.zip WEEKLY.zip\n"
+    "       kestrin-cli --game-dir DIR last-week CLUB\n"
     "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n";
 
 int usage(const std::string& why = {}) {
@@ -233,6 +236,7 @@ json sessionJson(const Session& s) {
     j["InjuryLimit"] = s.InjuryLimit;
     j["SuspensionLimit"] = s.SuspensionLimit;
     j["SameTurn"] = s.SameTurn;
+    j["NewTurn"] = s.NewTurn;
     j["ClubCount"] = s.ClubCount();
     j["CurrentClub"] = s.CurrentClub;
     json clubs = json::array();
@@ -251,6 +255,16 @@ json sessionJson(const Session& s) {
         exportClubs.push_back({{"Name", u(e.Name)}, {"Players", players}});
     }
     j["ExportClubs"] = exportClubs;
+    json memos = json::array();
+    for (const Memo& m : s.Memos) memos.push_back({{"To", u(m.To)}, {"From", u(m.From)}, {"Text", u(m.Text)}});
+    j["Memos"] = memos;
+    j["TickerText"] = u(s.TickerText);
+    json managers = json::array();
+    for (const ManagerEntry& m : s.ManagerList) managers.push_back({{"Manager", u(m.Manager)}, {"Address", u(m.Address)}});
+    j["Managers"] = managers;
+    json news = json::array();
+    for (const NewsItem& n : s.News) news.push_back({{"Title", u(n.Title)}, {"File", u(n.File)}});
+    j["News"] = news;
     json problems = json::array();
     for (const auto& p : s.LoadProblems) problems.push_back(u(p));
     j["LoadProblems"] = problems;
@@ -281,6 +295,7 @@ private:
 int runSession(const std::string& dir) {
     CliMessages messages;
     Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) return 1;
     std::cout << sessionJson(s).dump(1) << "\n";
     return (s.GameIniMissing || !s.LoadProblems.empty()) ? 1 : 0;
 }
@@ -312,6 +327,36 @@ int runLoadTurn(const std::string& dir, const std::string& squadZip, const std::
     return ok ? 0 : 1;
 }
 
+// A box's text as its lines: blank lines kept, nothing after the last line end.
+json boxLines(const std::string& text) {
+    json lines = json::array();
+    size_t from = 0;
+    while (from < text.size()) {
+        size_t end = text.find("\r\n", from);
+        if (end == std::string::npos) end = text.size();
+        lines.push_back(u(text.substr(from, end - from)));
+        from = end + 2;
+    }
+    return lines;
+}
+
+int runLastWeek(const std::string& dir, const std::string& clubName) {
+    CliMessages messages;
+    Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) return 1;
+    const std::string wanted = utf8ToCp1252(clubName);
+    for (const Club& c : s.Clubs) {
+        if (!equalsNoCase(trim(c.Name), trim(wanted)) && !equalsNoCase(c.ClubFile, wanted)) continue;
+        const LastWeekBoxes boxes = lastWeekBoxes(s, c);
+        json out = json::object();
+        for (size_t i = 0; i < boxes.size(); ++i) out[kLastWeekBoxes[i]] = boxLines(boxes[i]);
+        std::cout << out.dump(1) << "\n";
+        return 0;
+    }
+    std::cerr << "kestrin-cli: no club " << clubName << " in " << dir << "\n";
+    return 1;
+}
+
 int runDemo(const std::vector<std::string>& args) {
     if (args.size() < 2) return usage("demo needs a folder");
     DemoOptions o;
@@ -331,6 +376,7 @@ int runDemo(const std::vector<std::string>& args) {
     makeDemoLeague(args[1], o);
     CliMessages messages;
     Session s = loadSession(args[1], messages);
+    if (s.GameIniMissing) return 1;
     json out = {{"GameFolder", args[1]}, {"GameName", u(s.Game.GameName)}, {"ClubCount", s.ClubCount()},
                 {"ExportClubs", s.ExportClubs.size()}, {"TurnStamp", u(s.TurnStamp)}};
     std::cout << out.dump(1) << "\n";
@@ -349,6 +395,7 @@ int main(int argc, char** argv) {
             const std::string& cmd = args[2];
             if (cmd == "session" && args.size() == 3) return runSession(dir);
             if (cmd == "save-turnsheets" && args.size() == 3) return runSaveTurnsheets(dir);
+            if (cmd == "last-week" && args.size() == 4) return runLastWeek(dir, args[3]);
             if (cmd == "load-turn" && args.size() == 5) return runLoadTurn(dir, args[3], args[4]);
             return usage("unknown command: " + cmd);
         }

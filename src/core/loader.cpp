@@ -5,9 +5,11 @@
 #include "core/errors.h"
 #include "core/text.h"
 #include "files/clubexport.h"
+#include "files/news.h"
 #include "files/squadsheet.h"
 #include "files/turnsheet.h"
 #include "match/pitch.h"
+#include "orders/harvest.h"
 
 namespace kestrin {
 
@@ -151,7 +153,8 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
                                   "again with Load New Turn."));
     }
 
-    say("Loading News");      // news lists: filled by the news screens when they land
+    say("Loading News");
+    s.News = fillNewsList(s.Folder);
     say("Loading Profiles");  // order profiles: filled by the profile screens when they land
 
     s.InjuryLimit = s.Prefs.InjuryLimitSetting;
@@ -169,24 +172,25 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
         }
         s.SameTurn = false;
     }
+    s.NewTurn = !s.SameTurn;
 
-    say("Loading Team Information");  // managers list and the report harvest hook in here
+    say("Loading Team Information");
+    try {
+        s.ManagerList = readManagers(s.Folder);
+    } catch (const GameFileError& e) {
+        report(s, messages, "Managers list could not be read",
+               unreadableFileText("managers list", e,
+                                  "No managers are offered for e-mail this week. Load the week's archives again "
+                                  "with Load New Turn to get a correct copy."));
+    }
+    harvestReports(s, messages);
 
     s.CurrentClub = 0;
 
-    if (s.Prefs.WarnNot == 0 && s.Folder.exists("notepad.kst")) {
-        try {
-            for (const std::string& line : readLines(s.Folder.resolve("notepad.kst")))
-                if (!trim(line).empty()) {
-                    messages.inform("Reminder of manager notes",
-                                    "You have notes within the manager notepad.\r\n\r\nThis reminder can be "
-                                    "switched off in the preferences screen if preferred");
-                    break;
-                }
-        } catch (const GameFileError&) {
-            // An unreadable notepad only loses the reminder.
-        }
-    }
+    if (s.Prefs.WarnNot == 0 && notepadHasNotes(s.Folder))
+        messages.inform("Reminder of manager notes",
+                        "You have notes within the manager notepad.\r\n\r\nThis reminder can be switched off in "
+                        "the preferences screen if preferred");
     s.TurnChanged = false;
     s.FillingScreen = false;
     return s;

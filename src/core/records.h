@@ -228,6 +228,28 @@ struct ExportClub {
     bool operator==(const ExportClub&) const = default;
 };
 
+// One message of last week's report, as the harvest addressed it.
+struct Memo {
+    std::string To;    // the club's manager name and " manager"
+    std::string From;  // "Coaching department", "Physio department", "Club Scout", "First team coach"
+    std::string Text;  // the report line
+    bool operator==(const Memo&) const = default;
+};
+
+// One manager of the game, from Weekly/EMAILS.TXT.
+struct ManagerEntry {
+    std::string Manager;  // trimmed, at most 20 characters
+    std::string Address;  // trimmed, at most 40 characters
+    bool operator==(const ManagerEntry&) const = default;
+};
+
+// One item of the week's news: a file of Weekly/ and its first line.
+struct NewsItem {
+    std::string Title;
+    std::string File;  // the name in Weekly/
+    bool operator==(const NewsItem&) const = default;
+};
+
 // "None", "Very Poor", ... "World Class" for a Potential.
 std::string potentialGrade(int32_t potential);
 // The grade word, "  (", the number, ")", as the squad screen shows it.

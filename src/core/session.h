@@ -34,6 +34,15 @@ struct Session {
     bool FillingScreen = false;
     bool FirstRun = false;  // no Squadsheet was found
 
+    // Last week's report, rebuilt at every load (the harvest).
+    std::vector<Memo> Memos;
+    int MemoShown = 0;  // 1-based; 0 when none is on show
+    std::string TickerText;
+    std::vector<ManagerEntry> ManagerList;
+    std::vector<NewsItem> News;
+    // A new turn was harvested: the Stats database is to be refreshed with it.
+    bool StatsRefreshDue = false;
+
     // Plain-words reports of files that could not be read during the load;
     // they were also told through Messages.
     std::vector<std::string> LoadProblems;

@@ -53,7 +53,9 @@ void makeDemoLeague(const std::filesystem::path& gameFolder, const DemoOptions& 
             squads.push_back({league.squadsheetFileName(*club), league.squadsheetText(*club)});
         const std::time_t when = archiveTime(league.turnDate());
         writeZip(game.resolve(dir + "/squad.zip"), squads, when);
-        writeZip(game.resolve(dir + "/weekly.zip"), {{"clubsqua.txt", league.clubExportText()}}, when);
+        std::vector<ZipEntry> weekly{{"clubsqua.txt", league.clubExportText()}};
+        for (auto& [name, text] : league.weeklyFiles()) weekly.push_back({name, text});
+        writeZip(game.resolve(dir + "/weekly.zip"), weekly, when);
     }
 
     emptyFolder(game, "Squadsheets");

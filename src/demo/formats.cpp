@@ -186,11 +186,40 @@ std::string League::clubExportText() const {
             for (size_t i = 0; i < 7; ++i) line += padLeft(num(p.Portrait[i]), 3);
             line += padLeft(num(p.LoanLength), 5);
             if (!d.loanFrom.empty()) line += " " + d.loanFrom;
-            line += std::string(" ") + (c.managed() ? "Y" : "N") + " " + c.Colours;
+            line += std::string(" ") + (c.human() ? "Y" : "N") + " " + c.Colours;
             out.push_back(line);
         }
     }
     return joinCrLf(out);
+}
+
+std::vector<std::pair<std::string, std::string>> League::weeklyFiles() const {
+    const std::string game = upper(ini_.GameName);
+    const std::string week = " - TURN OF " + ddmmyyyy(turnDate());
+    std::vector<std::pair<std::string, std::string>> files;
+
+    std::vector<std::string> codes{"CLUB CODES OF THE " + game + week, ""};
+    for (const DemoClub& c : clubs_) codes.push_back(c.Name + " - " + c.Code);
+    files.emplace_back("CODES.TXT", joinCrLf(codes));
+
+    std::vector<std::string> emails{"MANAGERS OF THE " + game + week, "Club - address (manager)", ""};
+    for (const DemoClub& c : clubs_) {
+        if (!c.human()) continue;
+        const std::string address = c.managed() ? std::string(kDemoManagerAddress)
+                                                : lower(Tokens(c.HumanManager)[1]) + "." + c.Code + "@example.net";
+        emails.push_back(c.Name + " - " + address + " (" + c.HumanManager + ")");
+    }
+    files.emplace_back("EMAILS.TXT", joinCrLf(emails));
+
+    const char* titles[3] = {"News - skills that rose this week", "News - skills that fell this week",
+                             "News - international duty this week"};
+    const char* names[3] = {"NEWSINC.TXT", "NEWSDEC.TXT", "NEWSINT.TXT"};
+    for (size_t k = 0; k < 3; ++k) {
+        std::vector<std::string> lines{titles[k] + week, ""};
+        lines.insert(lines.end(), news_[k].begin(), news_[k].end());
+        files.emplace_back(names[k], joinCrLf(lines));
+    }
+    return files;
 }
 
 Club League::expectedClub(const DemoClub& club) const {
@@ -222,7 +251,7 @@ ExportPlayer League::expectedExportPlayer(const DemoClub& club, const DemoPlayer
     for (const std::string& word : colours.all()) e.Colours += word + " ";
     e.Loan = p.LoanLength;
     e.LoanClub = d.loanFrom;
-    e.Managed = club.managed() ? "Y" : "N";
+    e.Managed = club.human() ? "Y" : "N";
     return e;
 }
 

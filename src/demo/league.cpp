@@ -48,6 +48,11 @@ Date civilFromDays(int64_t z) {
     return d;
 }
 
+std::string padCode(size_t n) {
+    std::string s = std::to_string(n);
+    return std::string(4 - std::min<size_t>(4, s.size()), '0') + s;
+}
+
 std::string two(int n) { return (n < 10 ? "0" : "") + std::to_string(n); }
 
 constexpr int kSeasonWeeks = 38;
@@ -259,26 +264,25 @@ void League::makeClubs() {
         c.Name = pool[i];
         c.Colours = rng_.pick(names::kColours);
         c.League = int(i % 8) + 1;
+        c.Code = i < 9999 ? padCode(i + 1) : std::to_string(i + 1);
     }
 
     // Which clubs a manager runs: spread over the file.
     std::vector<size_t> order(clubs_.size());
     std::iota(order.begin(), order.end(), 0);
     for (size_t i = order.size(); i > 1; --i) std::swap(order[i - 1], order[size_t(rng_.range(0, int(i) - 1))]);
-    std::vector<std::string> keys;
     for (int m = 0; m < options_.clubs; ++m) {
         DemoClub& c = clubs_[order[size_t(m)]];
-        // A short lower-case key from the name's first and last words.
-        Tokens words(c.Name);
-        std::string key = lower(words[1].substr(0, 3) + words[words.count()].substr(0, 2));
-        std::string unique = key;
-        for (int n = 2; std::find(keys.begin(), keys.end(), unique) != keys.end() ||
-                        findNoCase(unique, "squ") != std::string::npos;
-             ++n)
-            unique = key + std::to_string(n);
-        keys.push_back(unique);
-        c.Key = unique;
+        // The game's club code: four figures, so file names keep eight characters.
+        c.Key = c.Code;
+        c.HumanManager = kDemoManager;
     }
+    // Other managers of the game run a club here and there.
+    for (size_t i = size_t(options_.clubs); i < order.size(); ++i)
+        if (rng_.chance(12)) {
+            const names::Surname& s = names::kSurnames[size_t(rng_.range(0, int(names::kSurnames.size()) - 1))];
+            clubs_[order[i]].HumanManager = rng_.pick(names::kFirstNames) + " " + s.name;
+        }
 
     for (DemoClub& c : clubs_) {
         const int level = std::clamp(17 - c.League + rng_.range(-2, 2), 4, 18);
@@ -312,7 +316,7 @@ void League::makeClubs() {
             for (size_t i = outfield.size(); i > 1; --i)
                 std::swap(outfield[i - 1], outfield[size_t(rng_.range(0, int(i) - 1))]);
             placeOnLoan(c.Players[outfield[0]], c);
-            c.Players[outfield[1]].rec.Injury = int16_t(rng_.range(10, 15));
+            c.Players[outfield[1]].rec.Injury = int16_t(rng_.range(12, 16));
             c.Players[outfield[2]].rec.SuspPoints = int16_t(rng_.range(1, 2));
             c.Players[outfield[2]].rec.Injury = 0;
             if (rng_.chance(50)) placeOnLoan(c.Players[outfield[3]], c);
@@ -405,10 +409,11 @@ const DemoClub& League::otherClub(const DemoClub& club, bool sameLeague) {
     }
 }
 
-void League::scheduleMatches(DemoClub& club) {
+void League::scheduleMatches(DemoClub& club, size_t managedIndex) {
     club.Fixtures.clear();
     club.MatchLines.clear();
-    if (rng_.chance(15)) {
+    // The first club always plays, so that every league has a fixture to order.
+    if (managedIndex > 0 && rng_.chance(15)) {
         // Marker extraction turns this line into an empty match.
         club.MatchLines.emplace_back(kNoScheduledMatches);
         Fixture f;
@@ -436,7 +441,9 @@ void League::scheduleMatches(DemoClub& club) {
 
 void League::weekForPlayer(DemoPlayer& d, bool seasonTurn) {
     Player& p = d.rec;
-    if (p.Injury > 0)
+    if (p.Injury >= 10)
+        --p.Injury;  // a long injury mends slowly, so a club keeps one for weeks
+    else if (p.Injury > 0)
         p.Injury = int16_t(std::max(0, p.Injury - rng_.range(1, 4)));
     else if (rng_.chance(4))
         p.Injury = int16_t(rng_.chance(70) ? rng_.range(1, 9) : rng_.range(10, 16));
@@ -553,41 +560,52 @@ std::vector<std::string> League::reportLines(const DemoClub& club, size_t manage
                   "." + std::to_string(club.BlendPassingTenths % 10));
     if (const DemoPlayer* p = pickPlayer([](const DemoPlayer& q) { return q.nullLastFive[0] && q.rec.Age >= 18; }))
         out.push_back(p->rec.Name + " is unhappy at being left out of the side");
-    if (managedIndex % 2 == 0) out.push_back("Bonus money of " + std::to_string(rng_.range(2, 20) * 250) + " was paid to the squad");
-
-    if (rng_.chance(85)) {
-        // Last week's match report.
-        const DemoClub& o = otherClub(club, true);
-        const bool home = rng_.chance(50);
-        const std::string& homeName = home ? club.Name : o.Name;
-        const std::string& awayName = home ? o.Name : club.Name;
-        const int hg = rng_.range(0, 4), ag = rng_.range(0, 3);
-        const DemoPlayer& star = club.Players[size_t(rng_.range(0, int(club.Players.size()) - 1))];
-        out.push_back("");
-        out.push_back("Match to be played at " + (home ? h.Stadium : std::string("the ground of ") + o.Name));
-        out.push_back(homeName + " versus " + awayName + " in the " + ini_.LeagueNames[size_t(club.League)]);
-        out.push_back("Home shots On/Off " + std::to_string(hg + rng_.range(1, 6)) + "/" +
-                      std::to_string(rng_.range(1, 7)) + "   Away shots On/Off " + std::to_string(ag + rng_.range(1, 5)) +
-                      "/" + std::to_string(rng_.range(1, 7)));
-        out.push_back("Result : " + homeName + " " + std::to_string(hg) + " " + awayName + " " + std::to_string(ag));
-        out.push_back("MAN OF THE MATCH : " + star.rec.Name + " (" + club.Name + ")");
-        out.push_back("MATCH COMMENTARY");
-        int minute = 0;
-        for (int e = rng_.range(2, 5); e > 0; --e) {
-            minute = std::min(90, minute + rng_.range(4, 25));
-            const DemoPlayer& q = club.Players[size_t(rng_.range(0, int(club.Players.size()) - 1))];
-            out.push_back(padLeft(std::to_string(minute), 3) + " mins : " + q.rec.Name +
-                          (rng_.chance(30) ? " BOOKED for a late challenge" : " goes close with a shot from range"));
-        }
-        out.push_back(" 90 mins : Full time");
-        out.push_back("MAN OF THE MATCH : " + star.rec.Name + " (" + club.Name + ")");
-        out.push_back("Attendance : " + std::to_string(h.Capacity * rng_.range(40, 100) / 100));
-        out.push_back("Referee : " + rng_.pick(names::kReferees));
-        out.push_back("Gate receipts : " + std::to_string(home ? h.GateMoney : 0));
-        out.push_back("Weather : " + std::string(rng_.chance(50) ? "dry and bright" : "wet and windy"));
+    if (const DemoPlayer* p = pickPlayer([](const DemoPlayer& q) { return startsWith(q.rec.Position, "STR"); }))
+        out.push_back(p->rec.Name + " would rather play in the STRC position than on the wing");
+    if (rng_.chance(50)) {
+        const DemoPlayer& p = club.Players[size_t(rng_.range(0, int(club.Players.size()) - 1))];
+        out.push_back(p.rec.Name + " was BOOKED in the reserve match and collects a point");
     }
+    if (managedIndex % 2 == 0) out.push_back("Bonus money of " + std::to_string(rng_.range(2, 20) * 250) + " was paid to the squad");
+    out.push_back("Gate receipts were shared with the visitors as the rules of the league ask");
+    // Last week's match reports: most weeks one, some weeks a cup match too.
+    const int matches = rng_.chance(15) ? 0 : rng_.chance(30) ? 2 : 1;
+    for (int m = 0; m < matches; ++m) matchReport(club, out);
     out.push_back("");
     return out;
+}
+
+void League::matchReport(const DemoClub& club, std::vector<std::string>& out) {
+    const Club& h = club.Header;
+    // Last week's match report.
+    const DemoClub& o = otherClub(club, true);
+    const bool home = rng_.chance(50);
+    const std::string& homeName = home ? club.Name : o.Name;
+    const std::string& awayName = home ? o.Name : club.Name;
+    const int hg = rng_.range(0, 4), ag = rng_.range(0, 3);
+    const DemoPlayer& star = club.Players[size_t(rng_.range(0, int(club.Players.size()) - 1))];
+    out.push_back("");
+    out.push_back("Match to be played at " + (home ? h.Stadium : std::string("the ground of ") + o.Name));
+    out.push_back(homeName + " versus " + awayName + " in the " + ini_.LeagueNames[size_t(club.League)]);
+    out.push_back("Home shots On/Off " + std::to_string(hg + rng_.range(1, 6)) + "/" +
+                  std::to_string(rng_.range(1, 7)) + "   Away shots On/Off " + std::to_string(ag + rng_.range(1, 5)) +
+                  "/" + std::to_string(rng_.range(1, 7)));
+    out.push_back("Result : " + homeName + " " + std::to_string(hg) + " " + awayName + " " + std::to_string(ag));
+    out.push_back("MAN OF THE MATCH : " + star.rec.Name + " (" + club.Name + ")");
+    out.push_back("MATCH COMMENTARY");
+    int minute = 0;
+    for (int e = rng_.range(2, 5); e > 0; --e) {
+        minute = std::min(90, minute + rng_.range(4, 25));
+        const DemoPlayer& q = club.Players[size_t(rng_.range(0, int(club.Players.size()) - 1))];
+        out.push_back(padLeft(std::to_string(minute), 3) + " mins : " + q.rec.Name +
+                      (rng_.chance(30) ? " BOOKED for a late challenge" : " goes close with a shot from range"));
+    }
+    out.push_back(" 90 mins : Full time");
+    out.push_back("MAN OF THE MATCH : " + star.rec.Name + " (" + club.Name + ")");
+    out.push_back("Attendance : " + std::to_string(h.Capacity * rng_.range(40, 100) / 100));
+    out.push_back("Referee : " + rng_.pick(names::kReferees));
+    out.push_back("Gate receipts : " + std::to_string(home ? h.GateMoney : 0));
+    out.push_back("Weather : " + std::string(rng_.chance(50) ? "dry and bright" : "wet and windy"));
 }
 
 void League::weekForManaged(DemoClub& club, size_t managedIndex) {
@@ -647,7 +665,7 @@ void League::weekForManaged(DemoClub& club, size_t managedIndex) {
                       std::to_string((club.BlendPassingTenths + club.BlendCrossingTenths) / 2 % 10);
 
     club.ReportLines = reportLines(club, managedIndex);
-    scheduleMatches(club);
+    scheduleMatches(club, managedIndex);
 }
 
 void League::nextWeek() {
@@ -677,6 +695,30 @@ void League::nextWeek() {
             p.Skill = int16_t(p.TotalSkill / 11);
         }
         weekForManaged(c, m);
+    }
+    weekNews();
+}
+
+}  // namespace kestrin::demo
+
+namespace kestrin::demo {
+
+void League::weekNews() {
+    // How the news names the skills: the first two letters are the code.
+    static const char* const words[11] = {"Passing",  "Control",           "Tackling",          "Running",
+                                          "Shooting", "Dribbling",         "Defensive heading", "Offensive heading",
+                                          "Flair",    "Strength",          "Creativity"};
+    static const char* const how[3] = {"improved in training", "lost ground with age", "came back from his country"};
+    for (size_t kind = 0; kind < 3; ++kind) {
+        news_[kind].clear();
+        for (int n = rng_.range(kind == 0 ? 4 : 1, kind == 0 ? 12 : 5); n > 0; --n) {
+            const DemoClub& c = clubs_[size_t(rng_.range(0, int(clubs_.size()) - 1))];
+            const DemoPlayer& p = c.Players[size_t(rng_.range(0, int(c.Players.size()) - 1))];
+            const int skill = rng_.range(0, 10);
+            news_[kind].push_back(c.Name + " - " + p.rec.Name + " (" + p.rec.Position + ") " + how[kind] +
+                                  " and moved by one point in " + words[skill] + ", his new value is " +
+                                  std::to_string(p.rec.skill(skill)));
+        }
     }
 }
 

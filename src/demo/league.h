@@ -16,6 +16,10 @@
 
 namespace kestrin::demo {
 
+// The manager who plays the demo league, and the address the game has for him.
+inline constexpr const char* kDemoManager = "Robin Ashdown";
+inline constexpr const char* kDemoManagerAddress = "robin.ashdown@example.org";
+
 // splitmix64: the same numbers on every platform and library version.
 class Random {
 public:
@@ -62,10 +66,13 @@ struct DemoPlayer {
 struct DemoClub {
     std::string Name;
     std::string Colours;
-    std::string Key;  // ClubFile of a managed club, "" for the others
-    int League = 1;   // 1 to 8
+    std::string Code;          // the game's club code, "0042"
+    std::string Key;           // ClubFile of a managed club (its code), "" for the others
+    std::string HumanManager;  // "" when the game runs the club
+    int League = 1;            // 1 to 8
     std::vector<DemoPlayer> Players;
     bool managed() const { return !Key.empty(); }
+    bool human() const { return !HumanManager.empty(); }
 
     // Managed clubs only. Header holds the Squadsheet's header fields as the
     // reader gives them back (Players, Fixtures and ReportLines are apart).
@@ -101,6 +108,9 @@ public:
     std::string squadsheetText(const DemoClub& club) const;
     std::string clubExportText() const;
     std::string historyFileName(const DemoClub& club) const;
+    // Weekly/ beside the club export: CODES.TXT, EMAILS.TXT and the news of
+    // skills that moved, as (name, text) pairs.
+    std::vector<std::pair<std::string, std::string>> weeklyFiles() const;
 
     // What the readers should make of the current week's files.
     Club expectedClub(const DemoClub& club) const;
@@ -115,7 +125,9 @@ private:
     void weekForManaged(DemoClub& club, size_t managedIndex);
     void weekForPlayer(DemoPlayer& p, bool seasonTurn);
     std::vector<std::string> reportLines(const DemoClub& club, size_t managedIndex);
-    void scheduleMatches(DemoClub& club);
+    void matchReport(const DemoClub& club, std::vector<std::string>& out);
+    void weekNews();
+    void scheduleMatches(DemoClub& club, size_t managedIndex);
     const DemoClub& otherClub(const DemoClub& club, bool sameLeague);
     void setSkills(Player& p, int skill);
     void placeOnLoan(DemoPlayer& p, const DemoClub& at);
@@ -128,6 +140,8 @@ private:
     std::string stamp_;
     std::vector<DemoClub> clubs_;
     int seasonWeek_ = 0;  // weeks played of the season
+    // This week's news lines of NEWSINC.TXT, NEWSDEC.TXT and NEWSINT.TXT.
+    std::array<std::vector<std::string>, 3> news_;
 };
 
 // Orders for the first `clubs` clubs of a loaded session: team sheets of

@@ -100,6 +100,10 @@ inline const std::vector<Surname> kSurnames = {
     {"Rossi", {"Italian"}},                    {"Conti", {"Italian"}},                    {"Tane", {"New Zealander"}},
 };
 
+inline const std::vector<std::string> kFirstNames = {"Alan", "Beth",  "Chris", "Dana",  "Eric", "Fran",
+                                                    "Gary", "Helen", "Ian",   "Jill",  "Ken",  "Lynn",
+                                                    "Mark", "Nina",  "Owen",  "Paula", "Ray",  "Sue"};
+
 inline const std::vector<std::string> kInitials = {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J",
                                                    "K", "L", "M", "N", "O", "P", "R", "S", "T", "W"};
 
