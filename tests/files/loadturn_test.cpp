@@ -108,6 +108,23 @@ TEST(LoadTurn, DamagedOrHostileArchivesChangeNothing) {
     EXPECT_FALSE(fs::exists("/tmp/kestrin-evil-abs.txt"));
 }
 
+TEST(LoadTurn, AMoveThatFailsPartWayPutsLastWeekBack) {
+    League league;
+    const fs::path root = league.dir.path();
+    // An incoming file's name is taken by a folder, so its move fails after
+    // last week's files have gone aside and others of the new week are in.
+    fs::remove(root / "Weekly" / "NEWSINC.TXT");
+    league.dir.write("Weekly/NEWSINC.TXT/notes.txt", "the manager's");
+    const auto before = gameFiles(root);
+    RecordingMessages m;
+    EXPECT_FALSE(loadNewTurn(league.session, league.zip(2, "squad.zip"), league.zip(2, "weekly.zip"), m));
+    ASSERT_EQ(m.entries.size(), 1u);
+    EXPECT_EQ(m.entries[0].title, "New turn not loaded");
+    EXPECT_EQ(gameFiles(root), before);
+    for (const auto& entry : fs::directory_iterator(root))
+        EXPECT_EQ(entry.path().filename().string().rfind(".newturn-", 0), std::string::npos) << entry.path();
+}
+
 TEST(LoadTurn, BackupsOnTheSameDayTakeTheNextFreeName) {
     League league;
     league.session.Prefs.SquadBackup = 0;

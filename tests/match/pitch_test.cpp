@@ -191,3 +191,17 @@ TEST(Pitch, ShirtsBackToTheListAndSwapped) {
         EXPECT_TRUE(g == want) << c.a << "<->" << c.b;
     }
 }
+
+TEST(Pitch, DefaultShirtsStandInAFlatFourFourTwo) {
+    // Written out cell by cell: a wrong entry of the table must show here.
+    const std::vector<std::pair<int32_t, int32_t>> cells{{4200, 4920}, {600, 3840},  {2400, 3840}, {6000, 3840},
+                                                         {7800, 3840}, {600, 2760},  {2400, 2760}, {6000, 2760},
+                                                         {7800, 2760}, {2400, 1680}, {6000, 1680}};
+    const std::vector<std::string> areas{"A3", "B1", "B2", "B4", "B5", "C1", "C2", "C4", "C5", "D2", "D4"};
+    for (int shirt = 1; shirt <= 11; ++shirt) {
+        const CellPos p = defaultSlotPosition(shirt);
+        EXPECT_EQ(std::make_pair(p.Left, p.Top), cells[size_t(shirt - 1)]) << shirt;
+        EXPECT_EQ(areaText(p.Left, p.Top), areas[size_t(shirt - 1)]) << shirt;
+    }
+}
+
