@@ -14,6 +14,10 @@
 
 namespace kestrin::ui {
 
+class MemoForm;
+class Notepad;
+class TickerForm;
+
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
@@ -28,6 +32,14 @@ public:
     Screen* currentScreen() const;
     const std::vector<Screen*>& screens() const { return screens_; }
     Welcome& welcome() { return welcome_; }
+
+    // Last week's reports as the manager's preference has them: the ticker
+    // tape from its start, or the memos from the first.
+    void replayReports();
+    // The windows beside the screens, made at first use.
+    MemoForm* memoForm();
+    TickerForm* tickerForm();
+    Notepad* notepad();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -45,6 +57,9 @@ private:
     Welcome welcome_;
     bool interactive_ = false;  // Welcome and hiding only when started for the manager
     bool exitStarted_ = false;
+    MemoForm* memoForm_ = nullptr;
+    TickerForm* tickerForm_ = nullptr;
+    Notepad* notepad_ = nullptr;
 };
 
 }  // namespace kestrin::ui

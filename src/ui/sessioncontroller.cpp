@@ -97,6 +97,7 @@ void SessionController::showLoadedSession() {
     for (Screen* s : screens_) s->sessionLoaded();
     if (hasClubs()) selectClub(0);
     emit loadFinished();
+    if (hasClubs() && !session_.SameTurn) emit newWeekLoaded();
 }
 
 bool SessionController::loadNewTurn(const std::string& squadZip, const std::string& weeklyZip) {

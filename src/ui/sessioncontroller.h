@@ -63,6 +63,9 @@ signals:
     void loadStarted(const QString& welcomeTitle);
     void loadStatus(const QString& text);
     void loadFinished();
+    // The session just shown is a new week's (SameTurn is false): last week's
+    // reports are due on screen.
+    void newWeekLoaded();
     void picturesChanged();
     // A short note for the status bar ("Turnsheets saved").
     void notice(const QString& text);

@@ -2,13 +2,20 @@
 
 #include <QCoreApplication>
 #include <QPixmap>
+#include <QPlainTextEdit>
 #include <cstdio>
+#include <tuple>
 
 #include "core/messages.h"
+#include "ui/lastweek.h"
 #include "ui/loadturndialog.h"
 #include "ui/mainwindow.h"
+#include "ui/memoform.h"
+#include "ui/newsscreen.h"
+#include "ui/notepad.h"
 #include "ui/qtext.h"
 #include "ui/squadscreen.h"
+#include "ui/tickerform.h"
 
 namespace kestrin::ui {
 
@@ -49,27 +56,70 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
     window.resize(1280, 800);
     window.show();
     int failures = 0;
-    for (Screen* s : window.screens()) {
-        window.showScreen(s->objectName());
+    auto save = [&](QWidget& w, const std::string& name) {
         QCoreApplication::processEvents();
-        const QString file = qpath(outDir / (s->objectName().toStdString() + ".png"));
-        if (!window.grab().save(file)) {
+        const QString file = qpath(outDir / name);
+        if (!w.grab().save(file)) {
             std::fprintf(stderr, "kestrin: cannot write %s\n", file.toLocal8Bit().constData());
             ++failures;
         }
+    };
+    // The news screen as the manager reads it: its first item open.
+    if (auto* news = qobject_cast<NewsScreen*>(window.screen("News"))) news->showItem(0);
+    for (Screen* s : window.screens()) {
+        window.showScreen(s->objectName());
+        save(window, s->objectName().toStdString() + ".png");
+    }
+    // Last week again at its fullest: the club whose report fills most boxes.
+    if (auto* last = qobject_cast<LastWeekScreen*>(window.screen("LastWk"))) {
+        int best = 0, most = -1;
+        for (int i = 0; i < controller.session().ClubCount(); ++i) {
+            controller.selectClub(i);
+            int filled = 0;
+            for (size_t b = 0; b < kLastWeekBoxes.size(); ++b) filled += !last->box(b)->toPlainText().isEmpty();
+            if (filled > most) std::tie(best, most) = std::pair(i, filled);
+        }
+        controller.selectClub(best);
+        window.showScreen("LastWk");
+        save(window, "LastWk.png");
+        controller.selectClub(0);
     }
     {
         LoadTurnDialog dialog(controller, &window);
         dialog.setAttribute(Qt::WA_DontShowOnScreen);
         dialog.show();
-        QCoreApplication::processEvents();
-        const QString file = qpath(outDir / "LoadTurn.png");
-        if (!dialog.grab().save(file)) {
-            std::fprintf(stderr, "kestrin: cannot write %s\n", file.toLocal8Bit().constData());
-            ++failures;
-        }
+        save(dialog, "LoadTurn.png");
     }
     failures += renderSquadSnapshots(window, outDir);
+
+    // Last week's reports and the notepad, shown only here, never popped up.
+    auto shoot = [&](QDialog* dialog, const std::string& name) {
+        dialog->setAttribute(Qt::WA_DontShowOnScreen);
+        dialog->show();
+        save(*dialog, name);
+        dialog->hide();
+    };
+    const Session& session = controller.session();
+    if (!session.Memos.empty()) {
+        window.memoForm()->showMemo(1);
+        shoot(window.memoForm(), "MemoForm.png");
+    } else {
+        std::fprintf(stderr, "kestrin: no memos this week: MemoForm.png not drawn\n");
+    }
+    TickerForm* ticker = window.tickerForm();
+    ticker->setAttribute(Qt::WA_DontShowOnScreen);
+    ticker->show();
+    ticker->startTape();
+    // Far enough along that the first club's name and lines are on the tape.
+    for (int i = 0; i < 120; ++i) ticker->tick();
+    save(*ticker, "TickerForm.png");
+    ticker->hide();
+    Notepad* notepad = window.notepad();
+    notepad->reload();
+    if (notepad->findChild<QPlainTextEdit*>("txtNotes")->toPlainText().isEmpty())
+        notepad->fill("Sell the reserve keeper before the window shuts.\nTry 4-3-3 away from home.\n"
+                      "Ask the league about the cup draw date.");
+    shoot(notepad, "Notepad.png");
     window.hide();
     return failures == 0 ? 0 : 1;
 }

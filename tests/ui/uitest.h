@@ -16,6 +16,7 @@
 #include "core/text.h"
 #include "demo/demo.h"
 #include "support/testsupport.h"
+#include "ui/loadturndialog.h"
 #include "ui/mainwindow.h"
 #include "ui/sessioncontroller.h"
 
@@ -93,6 +94,21 @@ struct UiGame {
 };
 
 inline QString q(const std::string& s) { return QString::fromStdString(s); }
+
+// The demo's archives of `week` loaded through the Load Turn dialog, as the
+// manager does it from the main menu.
+inline void loadWeek(UiGame& g, int week) {
+    g.button("MainMenu", "BtnLoadTurn")->click();
+    auto* dialog = g.window->findChild<ui::LoadTurnDialog*>("LoadTurn");
+    QVERIFY(dialog);
+    QStringList answers;
+    for (const char* name : {"squad.zip", "weekly.zip"})
+        answers << q((g.dir.path() / "Archives" / ("week" + std::to_string(week)) / name).string());
+    dialog->setFilePicker([answers](const QString&, const QString&, const QString&) mutable {
+        return answers.isEmpty() ? QString() : answers.takeFirst();
+    });
+    for (const char* b : {"btnSquad", "btnWeek", "OKButton"}) dialog->findChild<QAbstractButton*>(b)->click();
+}
 
 // The one message given, of that kind, title and text (any text when none is
 // given). A failure here is a failure of the test: check currentTestFailed()
