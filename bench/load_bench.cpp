@@ -9,6 +9,7 @@
 #include "demo/demo.h"
 #include "files/clubexport.h"
 #include "files/squadsheet.h"
+#include "orders/harvest.h"
 
 using namespace kestrin;
 
@@ -70,6 +71,23 @@ void BM_SquadsheetReader(benchmark::State& state) {
     state.counters["sheets"] = double(sheets.size());
 }
 BENCHMARK(BM_SquadsheetReader)->Unit(benchmark::kMillisecond);
+
+// Last week's reports of the 30 clubs: memos, ticker and Last Week's boxes,
+// as every start of the same week rebuilds them.
+void BM_HarvestSameWeek(benchmark::State& state) {
+    RecordingMessages quiet;
+    Session s = loadSession(league().folder(), quiet);
+    size_t memos = 0;
+    for (auto _ : state) {
+        RecordingMessages messages;
+        s.NewTurn = false;
+        harvestReports(s, messages);
+        for (const Club& c : s.Clubs) benchmark::DoNotOptimize(lastWeekBoxes(s, c));
+        memos = s.Memos.size();
+    }
+    state.counters["memos"] = double(memos);
+}
+BENCHMARK(BM_HarvestSameWeek)->Unit(benchmark::kMillisecond);
 
 void BM_ReadLinesOfClubExport(benchmark::State& state) {
     const fs::path path = GameFolder(league().folder()).resolve("Weekly/clubsqua.txt");
