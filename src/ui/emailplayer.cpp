@@ -1,5 +1,6 @@
 #include "ui/emailplayer.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -8,6 +9,7 @@
 
 #include "core/errors.h"
 #include "orders/playerdetails.h"
+#include "ui/emailto.h"
 #include "ui/look.h"
 #include "ui/qtext.h"
 #include "ui/sessioncontroller.h"
@@ -39,7 +41,16 @@ EmailPlayerDialog::EmailPlayerDialog(SessionController& controller, const Club& 
     auto* email = makeButton("btnEmailDetails", "Sending by e-mail comes later", this);
     markComingSoon(email, "sending the details by e-mail; save them and attach the file to your own mail for now");
     auto* close = makeButton("CancelButton", "Close", this);
+    auto* emailTo = new QComboBox(this);
+    emailTo->setObjectName("EmailTo");
+    emailTo->addItems(emailToChoices(controller_.session()));
+    emailTo->setPlaceholderText("Choose a manager");
+    emailTo->setCurrentIndex(-1);
+    emailTo->setMinimumContentsLength(18);
     buttons->addWidget(save);
+    buttons->addSpacing(12);
+    buttons->addWidget(new QLabel("Send to:", this));
+    buttons->addWidget(emailTo);
     buttons->addWidget(email);
     buttons->addStretch(1);
     buttons->addWidget(close);

@@ -10,6 +10,7 @@
 #include <set>
 
 #include "orders/harvest.h"
+#include "ui/emailplayer.h"
 #include "ui/memoform.h"
 #include "ui/notepad.h"
 #include "ui/qtext.h"
@@ -58,6 +59,7 @@ private slots:
     void notepadSavesEveryChange();
     void newsShowsTheWeeklyFiles_data();
     void newsShowsTheWeeklyFiles();
+    void emailToListsTheManagers();
 };
 
 void LastWeekTest::aNewWeekShowsItsMemos() {
@@ -235,6 +237,24 @@ void LastWeekTest::newsShowsTheWeeklyFiles() {
     QCOMPARE(int(g.messages.entries.size()), 1);
     QCOMPARE(q(g.messages.entries[0].title), QString("News item could not be read"));
     QVERIFY(q(g.messages.entries[0].text).contains(file));
+}
+
+void LastWeekTest::emailToListsTheManagers() {
+    UiGame g;
+    const Club& club = g.session().Clubs[0];
+    ui::EmailPlayerDialog dialog(*g.controller, club, club.Players[1]);
+    auto* to = dialog.findChild<QComboBox*>("EmailTo");
+    QVERIFY(to);
+    QCOMPARE(to->currentIndex(), -1);  // no manager chosen yet
+    const QString emails = ui::qs(g.dir.read("Weekly/EMAILS.TXT"));
+    QVERIFY(to->count() > 2);
+    QCOMPARE(to->itemText(0), QString("(All Managers)"));
+    QSet<QString> names;
+    for (int i = 1; i < to->count(); ++i) {
+        QVERIFY2(emails.contains(" (" + to->itemText(i) + ")"), qPrintable(to->itemText(i)));
+        names.insert(to->itemText(i));
+    }
+    QCOMPARE(int(names.size()), to->count() - 1);  // a manager of several clubs stands once
 }
 
 QTEST_MAIN(LastWeekTest)
