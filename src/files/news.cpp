@@ -4,6 +4,7 @@
 
 #include "core/errors.h"
 #include "core/text.h"
+#include "orders/playerdetails.h"
 
 namespace kestrin {
 
@@ -47,7 +48,7 @@ std::vector<ManagerEntry> readManagers(const GameFolder& folder) {
 }
 
 std::vector<std::string> emailToList(const std::vector<ManagerEntry>& managers) {
-    std::vector<std::string> out{kAllManagers};
+    std::vector<std::string> out{std::string(kAllManagers)};
     for (const ManagerEntry& m : managers) out.push_back(m.Manager);
     return out;
 }

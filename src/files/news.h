@@ -21,7 +21,6 @@ std::string newsText(const GameFolder& folder, const std::string& file);
 std::vector<ManagerEntry> readManagers(const GameFolder& folder);
 std::vector<ManagerEntry> parseManagers(const std::vector<std::string>& lines);
 // EmailTo: "(All Managers)" and then the managers' names.
-inline constexpr const char* kAllManagers = "(All Managers)";
 std::vector<std::string> emailToList(const std::vector<ManagerEntry>& managers);
 // The manager of a club by its name in EMAILS.TXT ("" when not there).
 std::string managerOfClub(const GameFolder& folder, const std::string& clubName);

@@ -8,8 +8,8 @@
 #include <QVBoxLayout>
 
 #include "core/errors.h"
+#include "files/news.h"
 #include "orders/playerdetails.h"
-#include "ui/emailto.h"
 #include "ui/look.h"
 #include "ui/qtext.h"
 #include "ui/sessioncontroller.h"
@@ -43,7 +43,7 @@ EmailPlayerDialog::EmailPlayerDialog(SessionController& controller, const Club& 
     auto* close = makeButton("CancelButton", "Close", this);
     auto* emailTo = new QComboBox(this);
     emailTo->setObjectName("EmailTo");
-    emailTo->addItems(emailToChoices(controller_.session()));
+    for (const std::string& name : emailToList(controller_.session().ManagerList)) emailTo->addItem(qs(name));
     emailTo->setPlaceholderText("Choose a manager");
     emailTo->setCurrentIndex(-1);
     emailTo->setMinimumContentsLength(18);

@@ -355,9 +355,8 @@ void MainMenuTest::startUpShowsWelcomeThenTheMenu() {
 
 void MainMenuTest::screensToComeAreOffAndSaySo() {
     UiGame g;
-    const char* coming[] = {"BtnScouting", "BtnLastWeek", "BtnNews",
-                            "btnAuto", "btnAdmin", "btnVidi", "btnViewer",
-                            "btnNote", "btnMemo", "BtnHonours", "btnLoadStats"};
+    const char* coming[] = {"BtnScouting", "btnAuto",    "btnAdmin",    "btnVidi",
+                            "btnViewer",   "BtnHonours", "btnLoadStats"};
     for (const char* name : coming) {
         QPushButton* b = g.button("MainMenu", name);
         QVERIFY2(b, name);
