@@ -1,5 +1,6 @@
 #include "stats/lookups.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <zlib.h>
 
@@ -79,6 +80,11 @@ const std::array<std::string_view, 4> kBallLossPhrases = {
     " loses control ", " over runs the ball under pressure from ", " loses possession after great covering by ",
     " forced back after great pressure from "};
 
+int64_t wholeNumber(std::string_view text) {
+    constexpr double kLimit = 1e15;
+    return roundHalfEven(std::clamp(val(text), -kLimit, kLimit));
+}
+
 int skillNumber(std::string_view text) {
     for (size_t i = 0; i < kSkills.size(); ++i)
         if (text == kSkills[i]) return int(i) + 1;
@@ -102,7 +108,7 @@ std::string_view competitionName(int number) {
 }
 
 namespace {
-int leagueRound(std::string_view twoCharacters) { return 50 + int(roundHalfEven(val(twoCharacters))); }
+int leagueRound(std::string_view twoCharacters) { return 50 + int(wholeNumber(twoCharacters)); }
 }  // namespace
 
 int roundFromText(std::string_view text) {
@@ -110,7 +116,8 @@ int roundFromText(std::string_view text) {
     for (size_t i = 0; i < 28; ++i)
         if (findNoCase(up, kRounds[i]) != std::string::npos) return int(i) + 1;
     int round = leagueRound(text.substr(0, 2));
-    if (round == 50 && startsWithNoCase(text, "MATCH ")) round = 50 + int(roundHalfEven(val(text.substr(6))));
+    if (round == 50 && startsWithNoCase(text, "MATCH "))
+        round = 50 + int(std::clamp<int64_t>(wholeNumber(text.substr(6)), -1000000, 1000000));
     return round;
 }
 

@@ -27,6 +27,10 @@ extern const std::array<std::string_view, 10> kPositionCodes;
 extern const std::array<std::string_view, 19> kBallWinPhrases;
 extern const std::array<std::string_view, 4> kBallLossPhrases;
 
+// The leading whole number of a text (0 when none), held within the range
+// a column takes, however many figures the text has.
+int64_t wholeNumber(std::string_view text);
+
 int skillNumber(std::string_view text);                      // 11 when none
 int competitionFromStart(std::string_view text);             // 50 when none
 int competitionInLine(std::string_view text);                // 50 when none

@@ -12,8 +12,19 @@ namespace {
 bool holds(std::string_view line, std::string_view what) { return line.find(what) != std::string_view::npos; }
 bool holdsNoCase(std::string_view line, std::string_view what) { return findNoCase(line, what) != std::string::npos; }
 std::string before(std::string_view line, std::string_view marker) { return markerText(line, "", marker); }
-int64_t number(std::string_view text) { return roundHalfEven(val(text)); }
+int64_t number(std::string_view text) { return wholeNumber(text); }
 bool blank(std::string_view line) { return trim(line).empty(); }
+
+// The ball-work phrases upper-cased once, since every line is tested against them all.
+const std::vector<std::string>& upperPhrases(bool won) {
+    static const auto make = [](auto const& phrases) {
+        std::vector<std::string> out;
+        for (std::string_view p : phrases) out.push_back(upper(p));
+        return out;
+    };
+    static const std::vector<std::string> wins = make(kBallWinPhrases), losses = make(kBallLossPhrases);
+    return won ? wins : losses;
+}
 
 constexpr size_t kMaxComments = 100;
 constexpr size_t kMaxBookings = 13;
@@ -47,6 +58,7 @@ struct BallWork {
 
 struct Side {
     std::string name, code, venue;
+    std::string upName;  // the name upper-cased, for the tests that ignore case
     int startFormation = 0, endFormation = 0, startTactic = 0, endTactic = 0;
     int64_t style = 0, movement = 0, shotsOn = 0, shotsOff = 0, performance = 0;
     std::string mom;
@@ -88,7 +100,7 @@ private:
     void cutPlayerRow(int s, int row, const std::string& line);
     End write();
 
-    bool commentary(std::string_view line) const;
+    bool commentary(std::string_view line, std::string_view up) const;
     void addComment(const std::string& line) {
         if (comments_.size() >= kMaxComments) comments_.clear();
         comments_.push_back(line);
@@ -194,6 +206,8 @@ bool Parser::headingLine(int n, const std::string& line) {
         case 1: {
             side_[1].name = before(line, " v ");
             side_[2].name = midBetween(line, " v ", "");
+            side_[1].upName = upper(side_[1].name);
+            side_[2].upName = upper(side_[2].name);
             for (int s = 1; s <= 2; ++s) side_[size_t(s)].code = store_.clubs.codeFromName(side_[size_t(s)].name);
             side_[1].venue = "H";
             side_[2].venue = "A";
@@ -233,12 +247,13 @@ bool Parser::headingLine(int n, const std::string& line) {
     return true;
 }
 
-bool Parser::commentary(std::string_view line) const {
+bool Parser::commentary(std::string_view line, std::string_view up) const {
     static constexpr std::string_view kNotCommentary[] = {
         "Last ten minutes", "Broken down as", " - away ", " mins - ", "ANALYSIS FOR SUBSTITUTION DID TAKE PLACE",
         "current blends are", "SUBSTITUTION.", "adjusted themselves"};
     if (line.size() <= 3 || line[0] == '&' || line[0] == '-') return false;
-    if (holds(upper(line), upper(side_[1].name) + ",")) return false;
+    const size_t at = up.find(side_[1].upName);
+    if (at != std::string_view::npos && up.find(side_[1].upName + ",", at) != std::string_view::npos) return false;
     for (std::string_view n : kNotCommentary)
         if (holds(line, n)) return false;
     return true;
@@ -292,6 +307,7 @@ void Parser::foulSide(std::string_view piece, bool setClub, std::string_view lin
 Parser::Event Parser::event(std::string line) {
     Side& home = side_[1];
     Side& away = side_[2];
+    const std::string up = upper(line);
     // A. A new heading in mid-report: its right half is in capitals.
     if (holds(line, " v ") && !holds(line, "(")) {
         const std::string after = line.substr(line.find(" v ") + 3);
@@ -304,7 +320,7 @@ Parser::Event Parser::event(std::string line) {
         comments_.clear();
     }
     // C. Commentary, kept for the next moment.
-    if (commentary(line)) addComment(line);
+    if (commentary(line, up)) addComment(line);
     // D. A shot saved: " (H" names the home keeper, so the moment is the away side's.
     if (holds(line, " saves ")) {
         Side& by = holds(line, " (H") ? away : home;
@@ -333,7 +349,7 @@ Parser::Event Parser::event(std::string line) {
     }
     // H. A goal, for the running score.
     if (holds(line, " SCORED ")) {
-        const bool isHome = holds(upper(line), upper(home.name));
+        const bool isHome = holds(up, home.upName);
         ++(isHome ? homeGoals_ : awayGoals_);
         closeMoment(": GOAL", (isHome ? home : away).name);
     }
@@ -373,13 +389,10 @@ Parser::Event Parser::event(std::string line) {
         if (!by.goals.empty()) by.goals.back().assist = midBetween(line, "And set up by ", " which ");
     }
     // M, N. Ball work; a line with two phrases counts twice.
-    {
-        const std::string up = upper(line);
-        for (std::string_view p : kBallWinPhrases)
-            if (holds(up, upper(p))) ballWork(line, true);
-        for (std::string_view p : kBallLossPhrases)
-            if (holds(up, upper(p))) ballWork(line, false);
-    }
+    for (const std::string& p : upperPhrases(true))
+        if (holds(up, p)) ballWork(line, true);
+    for (const std::string& p : upperPhrases(false))
+        if (holds(up, p)) ballWork(line, false);
     // O. A change of shape.
     if (holds(line, " formation and the ")) {
         const std::string who = before(line, " adjusted themselves");
@@ -401,7 +414,7 @@ Parser::Event Parser::event(std::string line) {
     // Q, R. Tactic changes and substitutions go to the summary with their next line.
     for (int kind = 0; kind < 2; ++kind) {
         if (!holds(line, kind == 0 ? "adjusted themselves" : " SUBSTITUTION.")) continue;
-        const std::string& club = holds(upper(line), upper(home.name)) ? home.name : away.name;
+        const std::string& club = holds(up, home.upName) ? home.name : away.name;
         const std::string heading = momentHeading(kind == 0 ? ": TACTIC CHANGE" : ": SUBSTITUTION", club);
         addSummary(heading);
         addSummary(std::string(heading.size(), '-'));

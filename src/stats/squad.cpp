@@ -10,7 +10,7 @@ namespace {
 
 bool holds(std::string_view line, std::string_view what) { return line.find(what) != std::string_view::npos; }
 std::string before(std::string_view line, std::string_view marker) { return markerText(line, "", marker); }
-int64_t number(std::string_view text) { return roundHalfEven(val(text)); }
+int64_t number(std::string_view text) { return wholeNumber(text); }
 bool blank(std::string_view line) { return trim(line).empty(); }
 
 // The figure that follows each occurrence of a marker, up to a blank.

@@ -9,7 +9,7 @@ namespace {
 bool blank(std::string_view line) { return trim(line).empty(); }
 bool holds(std::string_view line, std::string_view what) { return line.find(what) != std::string_view::npos; }
 std::string before(std::string_view line, std::string_view marker) { return markerText(line, "", marker); }
-int64_t number(std::string_view text) { return roundHalfEven(val(text)); }
+int64_t number(std::string_view text) { return wholeNumber(text); }
 // The word that follows a marker, up to the next blank.
 std::string wordAfter(std::string_view line, std::string_view marker) {
     return trim(midBetween(trim(midBetween(line, marker, "")), "", " "));
