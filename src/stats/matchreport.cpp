@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 #include "core/text.h"
 
@@ -9,21 +10,67 @@ namespace kestrin::stats {
 
 namespace {
 
-bool holds(std::string_view line, std::string_view what) { return line.find(what) != std::string_view::npos; }
+// memmem, since lines are tested for some forty phrases each and most
+// phrases begin with a blank, which defeats a search for the first character.
+bool holds(std::string_view line, std::string_view what) {
+    return ::memmem(line.data(), line.size(), what.data(), what.size()) != nullptr;
+}
 bool holdsNoCase(std::string_view line, std::string_view what) { return findNoCase(line, what) != std::string::npos; }
 std::string before(std::string_view line, std::string_view marker) { return markerText(line, "", marker); }
 int64_t number(std::string_view text) { return wholeNumber(text); }
 bool blank(std::string_view line) { return trim(line).empty(); }
 
-// The ball-work phrases upper-cased once, since every line is tested against them all.
-const std::vector<std::string>& upperPhrases(bool won) {
-    static const auto make = [](auto const& phrases) {
-        std::vector<std::string> out;
-        for (std::string_view p : phrases) out.push_back(upper(p));
-        return out;
-    };
-    static const std::vector<std::string> wins = make(kBallWinPhrases), losses = make(kBallLossPhrases);
-    return won ? wins : losses;
+// Every phrase a report line is tested for, found in one pass over the line:
+// phrases are indexed by their first two characters, so each place of the
+// line is compared only with the few phrases that could begin there.
+class PhraseSet {
+public:
+    explicit PhraseSet(std::vector<std::string> phrases) : phrases_(std::move(phrases)), first_(65536, -1) {
+        for (size_t i = 0; i < phrases_.size(); ++i) {
+            const size_t key = keyAt(phrases_[i], 0);
+            next_.push_back(first_[key]);
+            first_[key] = int(i);
+        }
+    }
+    // Bit i is set when phrase i occurs in the text.
+    uint64_t scan(std::string_view text) const {
+        uint64_t found = 0;
+        for (size_t at = 0; at + 1 < text.size(); ++at)
+            for (int i = first_[keyAt(text, at)]; i >= 0; i = next_[size_t(i)]) {
+                const std::string& p = phrases_[size_t(i)];
+                if (p.size() <= text.size() - at && std::memcmp(text.data() + at, p.data(), p.size()) == 0)
+                    found |= uint64_t(1) << i;
+            }
+        return found;
+    }
+
+private:
+    static size_t keyAt(std::string_view s, size_t at) {
+        return size_t(static_cast<unsigned char>(s[at])) << 8 | static_cast<unsigned char>(s[at + 1]);
+    }
+    std::vector<std::string> phrases_;
+    std::vector<int> first_, next_;  // chains of phrases sharing their first two characters
+};
+
+// The fixed phrases of the event tests, in the order of the Marker numbers.
+enum Marker {
+    kVersus, kMinute, kSaves, kHomeSide, kDeflected, kWideOf, kOverTheBar, kChargedDown, kBooked, kSent, kScored, kHitThe, kIsFouledBy, kFouls, kFoulBy, kSetUpBy, kFormationAnd, kCurrentBlends, kAdjusted, kSubstitution, kFullTime, kFinishing, kLastTen, kBrokenDown, kAway, kAnalysis, kSubstitutionWord
+};
+
+const PhraseSet& lineMarkers() {
+    static const PhraseSet set({" v ", " mins - ", " saves ", " (H", " deflected off ", " wide of ", " over the bar", " charged down ", " has been booked", " has been SENT", " SCORED ", " HIT THE ", "is fouled by ", " fouls ", " foul by ", "And set up by ", " formation and the ", "current blends are", "adjusted themselves", " SUBSTITUTION.", "REFEREE BLOWS FOR FULL TIME", "Finishing Club statistics for", "Last ten minutes", "Broken down as", " - away ", "ANALYSIS FOR SUBSTITUTION DID TAKE PLACE", "SUBSTITUTION."});
+    return set;
+}
+
+// The ball-work phrases upper-cased, wins first then losses.
+const PhraseSet& ballWorkPhrases() {
+    static const PhraseSet set = [] {
+        std::vector<std::string> all;
+        for (std::string_view p : kBallWinPhrases) all.push_back(upper(p));
+        for (std::string_view p : kBallLossPhrases) all.push_back(upper(p));
+        return PhraseSet(all);
+    }();
+    return set;
 }
 
 constexpr size_t kMaxComments = 100;
@@ -100,7 +147,7 @@ private:
     void cutPlayerRow(int s, int row, const std::string& line);
     End write();
 
-    bool commentary(std::string_view line, std::string_view up) const;
+    bool commentary(std::string_view line, std::string_view up, uint64_t markers) const;
     void addComment(const std::string& line) {
         if (comments_.size() >= kMaxComments) comments_.clear();
         comments_.push_back(line);
@@ -247,16 +294,14 @@ bool Parser::headingLine(int n, const std::string& line) {
     return true;
 }
 
-bool Parser::commentary(std::string_view line, std::string_view up) const {
-    static constexpr std::string_view kNotCommentary[] = {
-        "Last ten minutes", "Broken down as", " - away ", " mins - ", "ANALYSIS FOR SUBSTITUTION DID TAKE PLACE",
-        "current blends are", "SUBSTITUTION.", "adjusted themselves"};
+bool Parser::commentary(std::string_view line, std::string_view up, uint64_t markers) const {
+    constexpr uint64_t kNotCommentary = uint64_t(1) << kLastTen | uint64_t(1) << kBrokenDown | uint64_t(1) << kAway |
+                                        uint64_t(1) << kMinute | uint64_t(1) << kAnalysis |
+                                        uint64_t(1) << kCurrentBlends | uint64_t(1) << kSubstitutionWord |
+                                        uint64_t(1) << kAdjusted;
     if (line.size() <= 3 || line[0] == '&' || line[0] == '-') return false;
-    const size_t at = up.find(side_[1].upName);
-    if (at != std::string_view::npos && up.find(side_[1].upName + ",", at) != std::string_view::npos) return false;
-    for (std::string_view n : kNotCommentary)
-        if (holds(line, n)) return false;
-    return true;
+    if (markers & kNotCommentary) return false;
+    return !holds(up, side_[1].upName + ",");
 }
 
 std::string Parser::momentHeading(std::string_view word, const std::string& club) const {
@@ -308,29 +353,29 @@ Parser::Event Parser::event(std::string line) {
     Side& home = side_[1];
     Side& away = side_[2];
     const std::string up = upper(line);
+    const uint64_t found = lineMarkers().scan(line);
+    auto has = [found](Marker m) { return (found >> m) & 1; };
     // A. A new heading in mid-report: its right half is in capitals.
-    if (holds(line, " v ") && !holds(line, "(")) {
+    if (has(kVersus) && !holds(line, "(")) {
         const std::string after = line.substr(line.find(" v ") + 3);
         if (after == upper(after)) return Event::NewHeading;
     }
     // B. A minute line.
-    if (holds(line, " mins - ")) {
+    if (has(kMinute)) {
         minute_ = number(before(line, " mins "));
         momentTime_ = minute_ > 0 ? std::to_string(minute_) + " Minutes" : "Injury time";
         comments_.clear();
     }
     // C. Commentary, kept for the next moment.
-    if (commentary(line, up)) addComment(line);
+    if (commentary(line, up, found)) addComment(line);
     // D. A shot saved: " (H" names the home keeper, so the moment is the away side's.
-    if (holds(line, " saves ")) {
-        Side& by = holds(line, " (H") ? away : home;
+    if (has(kSaves)) {
+        Side& by = has(kHomeSide) ? away : home;
         ++by.saved;
         closeMoment(": SHOT SAVED", by.name);
     }
     // E. Any other shot; the side is told by the first 25 characters.
-    if ((holds(line, " deflected off ") || holds(line, " wide of ") || holds(line, " over the bar") ||
-         holds(line, " charged down ")) &&
-        !holds(line, " saves ")) {
+    if ((has(kDeflected) || has(kWideOf) || has(kOverTheBar) || has(kChargedDown)) && !has(kSaves)) {
         Side& by = holds(line.substr(0, std::min<size_t>(25, line.size())), " (H") ? home : away;
         ++by.otherShots;
         closeMoment(": SHOT", by.name);
@@ -338,7 +383,7 @@ Parser::Event Parser::event(std::string line) {
     // F, G. Bookings and sendings off go to the side of the latest foul.
     for (int kind = 0; kind < 2; ++kind) {
         const std::string_view marker = kind == 0 ? " has been booked" : " has been SENT";
-        if (!holds(line, marker)) continue;
+        if (!has(kind == 0 ? kBooked : kSent)) continue;
         Side& counted = lastFoulClub_ == home.name ? home : away;
         ++(kind == 0 ? counted.bookingCount : counted.sentOffCount);
         auto& list = kind == 0 ? side_[size_t(lastFoulSide_)].bookings : side_[size_t(lastFoulSide_)].sendingsOff;
@@ -348,32 +393,32 @@ Parser::Event Parser::event(std::string line) {
         closeMoment(kind == 0 ? ": BOOKING" : ": SENDING OFF", lastFoulClub_);
     }
     // H. A goal, for the running score.
-    if (holds(line, " SCORED ")) {
+    if (has(kScored)) {
         const bool isHome = holds(up, home.upName);
         ++(isHome ? homeGoals_ : awayGoals_);
         closeMoment(": GOAL", (isHome ? home : away).name);
     }
     // I. A near miss.
-    if (holds(line, " HIT THE ")) {
-        Side& by = holds(line, " (H") ? home : away;
+    if (has(kHitThe)) {
+        Side& by = has(kHomeSide) ? home : away;
         ++by.nearMisses;
         closeMoment(": NEAR MISS", by.name);
     }
     // J. Who fouled last, for the bookings that follow.
-    if (holds(line, "is fouled by ")) {
+    if (has(kIsFouledBy)) {
         size_t at = line.find(" is fouled by ");
         if (at == std::string::npos) at = line.find("is fouled by ");
         foulSide(std::string_view(line).substr(at), true, {});
     }
-    if (holds(line, " fouls ")) foulSide(before(line, " fouls "), true, line);
-    if (holds(line, " foul by ")) {
+    if (has(kFouls)) foulSide(before(line, " fouls "), true, line);
+    if (has(kFoulBy)) {
         // Only the side: the club stays as the last foul left it.
         const std::string club = lastFoulClub_;
         foulSide(before(line, " foul by "), true, line);
         lastFoulClub_ = club;
     }
     // K. A goal, for the goal tables.
-    if (holds(line, " SCORED ")) {
+    if (has(kScored)) {
         const std::string club = trim(midBetween(line, " for ", " with"));
         if (equalsNoCase(club, trim(home.name))) goalSide_ = 1;
         else if (equalsNoCase(club, trim(away.name))) goalSide_ = 2;
@@ -384,24 +429,23 @@ Parser::Event Parser::event(std::string line) {
                                 number(midBetween(line, " after ", " minutes")), {}});
     }
     // L. The assist of that side's latest goal.
-    if (holds(line, "And set up by ")) {
+    if (has(kSetUpBy)) {
         Side& by = side_[size_t(goalSide_)];
         if (!by.goals.empty()) by.goals.back().assist = midBetween(line, "And set up by ", " which ");
     }
     // M, N. Ball work; a line with two phrases counts twice.
-    for (const std::string& p : upperPhrases(true))
-        if (holds(up, p)) ballWork(line, true);
-    for (const std::string& p : upperPhrases(false))
-        if (holds(up, p)) ballWork(line, false);
+    const uint64_t work = ballWorkPhrases().scan(up);
+    for (size_t i = 0; i < kBallWinPhrases.size() + kBallLossPhrases.size(); ++i)
+        if ((work >> i) & 1) ballWork(line, i < kBallWinPhrases.size());
     // O. A change of shape.
-    if (holds(line, " formation and the ")) {
+    if (has(kFormationAnd)) {
         const std::string who = before(line, " adjusted themselves");
         Side& by = !holdsNoCase(who, home.name) && holdsNoCase(who, away.name) ? away : home;
         by.endFormation = formationNumber(midBetween(line, "now playing a ", " formation and"));
         by.endTactic = tacticNumber(midBetween(line, "and the tactic ", ""));
     }
     // P. Blends during the match.
-    if (holds(line, "current blends are")) {
+    if (has(kCurrentBlends)) {
         for (int s = 1; s <= 2; ++s) {
             const std::string marker = side_[size_t(s)].name + "'s current blends are ";
             if (!holdsNoCase(line, marker)) continue;
@@ -413,7 +457,7 @@ Parser::Event Parser::event(std::string line) {
     }
     // Q, R. Tactic changes and substitutions go to the summary with their next line.
     for (int kind = 0; kind < 2; ++kind) {
-        if (!holds(line, kind == 0 ? "adjusted themselves" : " SUBSTITUTION.")) continue;
+        if (!has(kind == 0 ? kAdjusted : kSubstitution)) continue;
         const std::string& club = holds(up, home.upName) ? home.name : away.name;
         const std::string heading = momentHeading(kind == 0 ? ": TACTIC CHANGE" : ": SUBSTITUTION", club);
         addSummary(heading);
@@ -423,17 +467,17 @@ Parser::Event Parser::event(std::string line) {
         if (next(said)) addSummary(said);
     }
     // S. After the final whistle everything goes to the summary up to the statistics.
-    if (holds(line, "REFEREE BLOWS FOR FULL TIME")) {
+    if (has(kFullTime)) {
         std::string more;
-        bool found = false;
+        bool reached = false;
         while (next(more)) {
             if (holds(more, "Finishing Club statistics for")) {
-                found = true;
+                reached = true;
                 break;
             }
             addSummary(more);
         }
-        if (!found) return Event::EndOfFile;
+        if (!reached) return Event::EndOfFile;
         line = more;
     }
     // T. A club's closing statistics.
