@@ -58,7 +58,12 @@ enum Marker {
 };
 
 const PhraseSet& lineMarkers() {
-    static const PhraseSet set({" v ", " mins - ", " saves ", " (H", " deflected off ", " wide of ", " over the bar", " charged down ", " has been booked", " has been SENT", " SCORED ", " HIT THE ", "is fouled by ", " fouls ", " foul by ", "And set up by ", " formation and the ", "current blends are", "adjusted themselves", " SUBSTITUTION.", "REFEREE BLOWS FOR FULL TIME", "Finishing Club statistics for", "Last ten minutes", "Broken down as", " - away ", "ANALYSIS FOR SUBSTITUTION DID TAKE PLACE", "SUBSTITUTION."});
+    static const PhraseSet set({
+        " v ", " mins - ", " saves ", " (H", " deflected off ", " wide of ", " over the bar", " charged down ",
+        " has been booked", " has been SENT", " SCORED ", " HIT THE ", "is fouled by ", " fouls ", " foul by ",
+        "And set up by ", " formation and the ", "current blends are", "adjusted themselves", " SUBSTITUTION.",
+        "REFEREE BLOWS FOR FULL TIME", "Finishing Club statistics for", "Last ten minutes", "Broken down as",
+        " - away ", "ANALYSIS FOR SUBSTITUTION DID TAKE PLACE", "SUBSTITUTION."});
     return set;
 }
 
