@@ -13,6 +13,8 @@
 #include "files/news.h"
 #include "files/turnsheet.h"
 #include "orders/harvest.h"
+#include "stats/honours.h"
+#include "stats/refresh.h"
 
 #include "demo/demo.h"
 
@@ -26,6 +28,8 @@ constexpr const char* kUsage =
     "       kestrin-cli --game-dir DIR save-turnsheets\n"
     "       kestrin-cli --game-dir DIR load-turn SQUAD.zip WEEKLY.zip\n"
     "       kestrin-cli --game-dir DIR last-week CLUB\n"
+    "       kestrin-cli --game-dir DIR refresh-stats\n"
+    "       kestrin-cli --game-dir DIR honours CLUB\n"
     "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n";
 
 int usage(const std::string& why = {}) {
@@ -357,6 +361,48 @@ int runLastWeek(const std::string& dir, const std::string& clubName) {
     return 1;
 }
 
+// Messages kept until the outcome is known, so a failing command prints
+// nothing on stdout and its message on stderr.
+void tellProblems(const RecordingMessages& messages) {
+    for (const auto& e : messages.entries) {
+        if (e.kind != RecordingMessages::Kind::Refuse && e.kind != RecordingMessages::Kind::Warn) continue;
+        std::string text = cp1252ToUtf8(e.text);
+        for (char& c : text)
+            if (c == '\r') c = ' ';
+        std::cerr << cp1252ToUtf8(e.title) << ": " << text << "\n";
+    }
+}
+
+int runRefreshStats(const std::string& dir) {
+    Settings settings = readSettings(dir);
+    RecordingMessages messages;
+    stats::RefreshOptions options;
+    options.showDone = false;
+    const stats::RefreshResult r = stats::refreshStats(GameFolder(dir), settings, messages, options);
+    tellProblems(messages);
+    if (r.status != stats::RefreshStatus::Done) return 1;
+    const stats::AddedRows& a = r.added;
+    nlohmann::ordered_json added = {{"Clubs", a.Clubs},         {"Managers", a.Managers},       {"Coaching", a.Coaching},
+                  {"Tables", a.Tables},       {"Trades", a.Trades},           {"MatchMain", a.MatchMain},
+                  {"MatchTeam", a.MatchTeam}, {"MatchPlayer", a.MatchPlayer}, {"MatchGoal", a.MatchGoal},
+                  {"Summary", a.Summary},     {"Skills", a.Skills}};
+    std::cout << nlohmann::ordered_json{{"StatsFile", r.statsFile}, {"Added", added}}.dump(1) << "\n";
+    return 0;
+}
+
+int runHonours(const std::string& dir, const std::string& club) {
+    Settings settings = readSettings(dir);
+    RecordingMessages messages;
+    const std::optional<stats::Honours> h = stats::clubHonours(settings, utf8ToCp1252(club), messages);
+    tellProblems(messages);
+    if (!h) return 1;
+    json rows = json::array();
+    for (const stats::HonoursRow& r : h->Rows)
+        rows.push_back({u(r.Date), u(r.Competition), u(r.Finish), u(r.Points), u(r.Champions), u(r.ChampionsPoints)});
+    std::cout << nlohmann::ordered_json{{"Title", u(h->Title)}, {"Rows", rows}}.dump(1) << "\n";
+    return 0;
+}
+
 int runDemo(const std::vector<std::string>& args) {
     if (args.size() < 2) return usage("demo needs a folder");
     DemoOptions o;
@@ -397,6 +443,8 @@ int main(int argc, char** argv) {
             if (cmd == "save-turnsheets" && args.size() == 3) return runSaveTurnsheets(dir);
             if (cmd == "last-week" && args.size() == 4) return runLastWeek(dir, args[3]);
             if (cmd == "load-turn" && args.size() == 5) return runLoadTurn(dir, args[3], args[4]);
+            if (cmd == "refresh-stats" && args.size() == 3) return runRefreshStats(dir);
+            if (cmd == "honours" && args.size() == 4) return runHonours(dir, args[3]);
             return usage("unknown command: " + cmd);
         }
         if (args[0] == "demo") {
