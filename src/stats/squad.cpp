@@ -87,7 +87,8 @@ void loadSquadSkills(StatsStore& store, std::string_view fileName, const std::ve
     std::vector<std::string_view> words;
     for (i += 3; i < lines.size() && !blank(lines[i]); ++i) {
         const std::string& line = lines[i];
-        const std::string rest = fromColumn(line, 21);
+        // Columns count in the text the squad table's reader takes, from column 29.
+        const std::string rest = fromColumn(line, 29);
         const bool position = rest.size() >= 15 && std::string_view("ADMS").find(rest[14]) != std::string_view::npos;
         const std::string fields = fromColumn(rest, position ? 15 : 18);
         splitTokens(fields, words);
