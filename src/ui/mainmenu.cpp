@@ -65,8 +65,8 @@ const ScreenButton kScreenButtons[] = {
     {"BtnLoadTurn", "Load Turn", "LoadTurn", "loading the week's archives", false},
     {"btnNote", "Notepad", "Notepad", "", false},
     {"btnMemo", "Replay weekly Reports", "WeeklyReports", "", true},
-    {"BtnHonours", "Show Club History", "", "the club's honours", true},
-    {"btnLoadStats", "Refresh Stats Database", "", "the stats database", true},
+    {"BtnHonours", "Show Club History", "Honours", "the club's honours", true},
+    {"btnLoadStats", "Refresh Stats Database", "RefreshStats", "the stats database", true},
 };
 
 QGroupBox* panel(const QString& title, QWidget* parent) {

@@ -7,6 +7,7 @@
 #include "core/clubview.h"
 #include "files/news.h"
 #include "ui/fixt.h"
+#include "ui/honours.h"
 #include "ui/lastweek.h"
 #include "ui/loadturndialog.h"
 #include "ui/mainmenu.h"
@@ -37,6 +38,9 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
     addScreen(new NewsScreen(controller_, stack_));
     addScreen(new Preferences(controller_, stack_));
     addDialog("LoadTurn", [this] { LoadTurnDialog::openOver(this, controller_); });
+    addDialog("Honours", [this] { HonoursDialog::openOver(this, controller_); });
+    addDialog("RefreshStats", [this] { controller_.refreshStats(true); });
+    controller_.setDialogParent(this);
     addDialog("Notepad", [this] {
         Notepad* n = notepad();
         if (!n->isVisible()) n->reload();

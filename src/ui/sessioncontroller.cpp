@@ -73,11 +73,34 @@ QString welcomeTitle(const std::filesystem::path& folder) {
 
 }  // namespace
 
-SessionController::SessionController(Messages& messages, QObject* parent) : QObject(parent), messages_(messages) {}
+SessionController::SessionController(Messages& messages, QObject* parent) : QObject(parent), messages_(messages) {
+    connect(&statsRefresh_, &StatsRefresh::finished, this,
+            [this](const stats::RefreshResult& result, const RecordingMessages& recorded) {
+                for (const auto& e : recorded.entries) {
+                    switch (e.kind) {
+                        case RecordingMessages::Kind::Refuse: messages_.refuse(e.title, e.text); break;
+                        case RecordingMessages::Kind::Warn: messages_.warn(e.title, e.text); break;
+                        case RecordingMessages::Kind::Inform: messages_.inform(e.title, e.text); break;
+                        case RecordingMessages::Kind::Ask: break;  // a refresh asks nothing
+                    }
+                }
+                // The settings file already holds it; the session follows.
+                if (result.settingsSaved) session_.Prefs.StatsFile = result.statsFile;
+                const bool done = result.status == stats::RefreshStatus::Done;
+                if (done) emit notice("Stats Database refreshed");
+                emit statsRefreshed(done);
+            });
+}
+
+bool SessionController::refreshStats(bool showDone) {
+    if (session_.GameIniMissing || session_.Folder.root().empty()) return false;
+    return statsRefresh_.start(session_, showDone, dialogParent_);
+}
 
 void SessionController::addScreen(Screen* screen) { screens_.push_back(screen); }
 
 bool SessionController::load(const std::filesystem::path& gameFolder) {
+    statsRefresh_.wait();
     emit loadStarted(welcomeTitle(gameFolder));
     session_ = loadSession(gameFolder, messages_, [this](std::string_view status) {
         emit loadStatus(qs(status));
@@ -98,9 +121,13 @@ void SessionController::showLoadedSession() {
     if (hasClubs()) selectClub(0);
     emit loadFinished();
     if (hasClubs() && !session_.SameTurn) emit newWeekLoaded();
+    // A new week goes into the Stats database quietly, as the manager reads
+    // last week's reports.
+    if (session_.StatsRefreshDue) refreshStats(false);
 }
 
 bool SessionController::loadNewTurn(const std::string& squadZip, const std::string& weeklyZip) {
+    statsRefresh_.wait();
     // Welcome shows only once the archives are in and the loader runs.
     bool started = false;
     const std::filesystem::path folder = session_.Folder.root();
@@ -205,6 +232,9 @@ void SessionController::clearTurns(bool allClubs) {
     reload();
 }
 
-void SessionController::closing() { closingSavePrompt(session_, messages_); }
+void SessionController::closing() {
+    statsRefresh_.cancelAndWait();
+    closingSavePrompt(session_, messages_);
+}
 
 }  // namespace kestrin::ui

@@ -11,6 +11,7 @@
 #include "core/clubview.h"
 #include "core/messages.h"
 #include "core/session.h"
+#include "ui/statsrefresh.h"
 
 namespace kestrin::ui {
 
@@ -59,6 +60,12 @@ public:
     // The program is closing: the save prompt, once.
     void closing();
 
+    // The week's files into the Stats database, off the interface thread with
+    // a progress dialog over `dialogParent`. False when a refresh is running.
+    bool refreshStats(bool showDone);
+    bool refreshingStats() const { return statsRefresh_.running(); }
+    void setDialogParent(QWidget* parent) { dialogParent_ = parent; }
+
 signals:
     void loadStarted(const QString& welcomeTitle);
     void loadStatus(const QString& text);
@@ -69,6 +76,8 @@ signals:
     void picturesChanged();
     // A short note for the status bar ("Turnsheets saved").
     void notice(const QString& text);
+    // A Stats refresh ended, its messages shown; `done` when rows were stored.
+    void statsRefreshed(bool done);
 
 private:
     // A whole new session is in session_: every screen shows it.
@@ -78,6 +87,8 @@ private:
     Session session_;
     ClubView view_;
     std::vector<Screen*> screens_;
+    StatsRefresh statsRefresh_;
+    QWidget* dialogParent_ = nullptr;
 };
 
 }  // namespace kestrin::ui
