@@ -320,6 +320,9 @@ int runSaveTurnsheets(const std::string& dir) {
     return s.LoadProblems.empty() ? 0 : 1;
 }
 
+nlohmann::ordered_json addedJson(const stats::AddedRows& a);
+void tellProblems(const RecordingMessages& messages);
+
 int runLoadTurn(const std::string& dir, const std::string& squadZip, const std::string& weeklyZip) {
     CliMessages messages;
     Session s = loadSession(dir, messages);
@@ -327,6 +330,15 @@ int runLoadTurn(const std::string& dir, const std::string& squadZip, const std::
     std::vector<std::string> log;
     bool ok = loadNewTurn(s, squadZip, weeklyZip, messages, {}, &log);
     json out = {{"Loaded", ok}, {"Done", log}, {"ClubCount", s.ClubCount()}, {"TurnStamp", u(s.TurnStamp)}};
+    // A new week goes into the Stats database, as the program does after its load.
+    if (ok && s.StatsRefreshDue) {
+        RecordingMessages quiet;
+        stats::RefreshOptions options;
+        options.showDone = false;
+        const stats::RefreshResult r = stats::refreshStats(s.Folder, s.Prefs, quiet, options);
+        tellProblems(quiet);
+        if (r.status == stats::RefreshStatus::Done) out["StatsAdded"] = addedJson(r.added);
+    }
     std::cout << out.dump(1) << "\n";
     return ok ? 0 : 1;
 }
@@ -373,6 +385,13 @@ void tellProblems(const RecordingMessages& messages) {
     }
 }
 
+nlohmann::ordered_json addedJson(const stats::AddedRows& a) {
+    return {{"Clubs", a.Clubs},         {"Managers", a.Managers},       {"Coaching", a.Coaching},
+            {"Tables", a.Tables},       {"Trades", a.Trades},           {"MatchMain", a.MatchMain},
+            {"MatchTeam", a.MatchTeam}, {"MatchPlayer", a.MatchPlayer}, {"MatchGoal", a.MatchGoal},
+            {"Summary", a.Summary},     {"Skills", a.Skills}};
+}
+
 int runRefreshStats(const std::string& dir) {
     Settings settings = readSettings(dir);
     RecordingMessages messages;
@@ -381,12 +400,7 @@ int runRefreshStats(const std::string& dir) {
     const stats::RefreshResult r = stats::refreshStats(GameFolder(dir), settings, messages, options);
     tellProblems(messages);
     if (r.status != stats::RefreshStatus::Done) return 1;
-    const stats::AddedRows& a = r.added;
-    nlohmann::ordered_json added = {{"Clubs", a.Clubs},         {"Managers", a.Managers},       {"Coaching", a.Coaching},
-                  {"Tables", a.Tables},       {"Trades", a.Trades},           {"MatchMain", a.MatchMain},
-                  {"MatchTeam", a.MatchTeam}, {"MatchPlayer", a.MatchPlayer}, {"MatchGoal", a.MatchGoal},
-                  {"Summary", a.Summary},     {"Skills", a.Skills}};
-    std::cout << nlohmann::ordered_json{{"StatsFile", r.statsFile}, {"Added", added}}.dump(1) << "\n";
+    std::cout << nlohmann::ordered_json{{"StatsFile", r.statsFile}, {"Added", addedJson(r.added)}}.dump(1) << "\n";
     return 0;
 }
 
