@@ -292,22 +292,19 @@ struct Harvest {
                               " messages; the first " + std::to_string(kMaxMemos) +
                               " are kept as memos.\r\n\r\nThe Last Week screen shows every line of each club's "
                               "report.");
-        if (!cutShort.empty()) {
-            std::string text = "Last week's report could not be read to its end:";
-            for (const std::string& c : cutShort) text += "\r\n" + c;
-            text +=
-                "\r\n\r\nWhat was read before that point is kept. Ask your game administrator for a complete copy "
-                "if the report looks short.";
-            messages.warn("Report cut short", text);
-        }
-        if (!unwritten.empty()) {
-            std::string text = "Last week's coaching and scout reports could not be added to:";
-            for (const std::string& u : unwritten) text += "\r\n" + u;
-            text +=
-                "\r\n\r\nThe files are left as they were. Check that the game folder can be written to; the "
-                "reports themselves are still on the Last Week screen.";
-            messages.warn("History not saved", text);
-        }
+        auto list = [&](const std::vector<std::string>& items, const char* title, const char* opening,
+                        const char* closing) {
+            if (items.empty()) return;
+            std::string text = opening;
+            for (const std::string& item : items) text += "\r\n" + item;
+            messages.warn(title, text + "\r\n\r\n" + closing);
+        };
+        list(cutShort, "Report cut short", "Last week's report could not be read to its end:",
+             "What was read before that point is kept. Ask your game administrator for a complete copy if the "
+             "report looks short.");
+        list(unwritten, "History not saved", "Last week's coaching and scout reports could not be added to:",
+             "The files are left as they were. Check that the game folder can be written to; the reports "
+             "themselves are still on the Last Week screen.");
     }
 };
 

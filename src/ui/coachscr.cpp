@@ -71,11 +71,7 @@ CoachScr::CoachScr(SessionController& controller, QWidget* parent)
 }
 
 CoachScr* CoachScr::openOver(QWidget* parent, SessionController& controller) {
-    CoachScr* dialog = create(parent, controller);
-    if (!dialog) return nullptr;
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->open();
-    return dialog;
+    return openModal(create(parent, controller));
 }
 
 CoachScr* CoachScr::create(QWidget* parent, SessionController& controller) {

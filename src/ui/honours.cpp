@@ -57,21 +57,12 @@ HonoursDialog* HonoursDialog::create(QWidget* parent, SessionController& control
     }
     root->addWidget(list, 1);
 
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    auto* close = makeButton("CancelButton", "Close", d);
-    connect(close, &QPushButton::clicked, d, &QDialog::accept);
-    row->addWidget(close);
-    root->addLayout(row);
+    addCloseRow(d, root, "CancelButton");
     return d;
 }
 
 HonoursDialog* HonoursDialog::openOver(QWidget* parent, SessionController& controller) {
-    HonoursDialog* d = create(parent, controller);
-    if (!d) return nullptr;
-    d->setAttribute(Qt::WA_DeleteOnClose);
-    d->open();
-    return d;
+    return openModal(create(parent, controller));
 }
 
 }  // namespace kestrin::ui

@@ -31,12 +31,7 @@ Notepad::Notepad(SessionController& controller, QWidget* parent)
     txtNotes_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     root->addWidget(txtNotes_, 1);
 
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    auto* close = makeButton("btnClose", "Close", this);
-    row->addWidget(close);
-    root->addLayout(row);
-    connect(close, &QPushButton::clicked, this, &QDialog::close);
+    addCloseRow(this, root);
     connect(txtNotes_, &QPlainTextEdit::textChanged, this, &Notepad::changed);
     resize(620, 460);
 }

@@ -32,12 +32,7 @@ TickerForm::TickerForm(SessionController& controller, QWidget* parent)
     txtTicker_->setFixedWidth(fm.horizontalAdvance(QString(int(kTickerWidth), QLatin1Char('M'))) + 24);
     root->addWidget(txtTicker_);
 
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    auto* close = makeButton("btnClose", "Close", this);
-    row->addWidget(close);
-    root->addLayout(row);
-    connect(close, &QPushButton::clicked, this, &QDialog::close);
+    addCloseRow(this, root);
 
     timer_->setObjectName("Timer1");
     timer_->setInterval(kTickMs);

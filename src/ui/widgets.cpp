@@ -40,6 +40,16 @@ OkCancel makeOkCancel(QDialog* dialog) {
     return b;
 }
 
+QPushButton* addCloseRow(QDialog* dialog, QBoxLayout* root, const QString& objectName) {
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    auto* close = makeButton(objectName, "Close", dialog);
+    row->addWidget(close);
+    root->addLayout(row);
+    QObject::connect(close, &QPushButton::clicked, dialog, &QDialog::close);
+    return close;
+}
+
 QButtonGroup* filterButtons(QWidget* parent, QHBoxLayout* row, const QString& name, const QStringList& captions) {
     auto* group = new QButtonGroup(parent);
     group->setObjectName(name);

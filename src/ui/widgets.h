@@ -1,5 +1,6 @@
 #pragma once
 // Small widgets that several screens share.
+#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QString>
@@ -9,6 +10,7 @@
 
 class QButtonGroup;
 class QDialog;
+class QBoxLayout;
 class QHBoxLayout;
 
 namespace kestrin::ui {
@@ -41,6 +43,20 @@ struct OkCancel {
     QPushButton* cancel;
 };
 OkCancel makeOkCancel(QDialog* dialog);
+
+// The row that ends a dialog with one button that closes it, added to `root`.
+QPushButton* addCloseRow(QDialog* dialog, QBoxLayout* root, const QString& objectName = "btnClose");
+
+// Opens a dialog made by its create() modal over its parent, deleted once
+// closed; a null dialog (nothing to show) stays null.
+template <class Dialog>
+Dialog* openModal(Dialog* dialog) {
+    if (dialog) {
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
+    }
+    return dialog;
+}
 
 // A row of exclusive filter buttons named name0, name1, ... with the first
 // one checked; the group's ids are the buttons' positions.

@@ -2,11 +2,8 @@
 # and news; last-week prints the seven boxes of a club as lines; a folder
 # without game.ini prints nothing and exits 1.
 set(dir "${WORK}/cli-lastweek")
-file(REMOVE_RECURSE "${dir}")
-execute_process(COMMAND ${CLI} demo "${dir}" --clubs 2 --export-clubs 20 RESULT_VARIABLE rc OUTPUT_QUIET ERROR_VARIABLE err)
-if(NOT rc EQUAL 0)
-  message(FATAL_ERROR "demo failed (${rc}): ${err}")
-endif()
+include(${CMAKE_CURRENT_LIST_DIR}/common.cmake)
+make_demo("${dir}" --clubs 2 --export-clubs 20)
 
 execute_process(COMMAND ${CLI} --game-dir "${dir}" session RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
 if(NOT rc EQUAL 0)

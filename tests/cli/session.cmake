@@ -1,11 +1,8 @@
 # kestrin-cli on a demo league, then on the same league with one Squadsheet
 # spoilt: the bad file is named with its line, the other clubs still print.
 set(dir "${WORK}/cli-session")
-file(REMOVE_RECURSE "${dir}")
-execute_process(COMMAND ${CLI} demo "${dir}" --clubs 3 --export-clubs 20 RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
-if(NOT rc EQUAL 0)
-  message(FATAL_ERROR "demo failed (${rc}): ${err}")
-endif()
+include(${CMAKE_CURRENT_LIST_DIR}/common.cmake)
+make_demo("${dir}" --clubs 3 --export-clubs 20)
 
 execute_process(COMMAND ${CLI} --game-dir "${dir}" session RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
 if(NOT rc EQUAL 0)

@@ -2,11 +2,8 @@
 # a second refresh adds no table rows, an apostrophe in a club's name is just
 # a name, and a database of another program fails with nothing on stdout.
 set(dir "${WORK}/cli-stats")
-file(REMOVE_RECURSE "${dir}")
-execute_process(COMMAND ${CLI} demo "${dir}" --clubs 2 --export-clubs 10 RESULT_VARIABLE rc ERROR_VARIABLE err OUTPUT_QUIET)
-if(NOT rc EQUAL 0)
-  message(FATAL_ERROR "demo failed (${rc}): ${err}")
-endif()
+include(${CMAKE_CURRENT_LIST_DIR}/common.cmake)
+make_demo("${dir}" --clubs 2 --export-clubs 10)
 file(GLOB weekly "${dir}/Weekly" "${dir}/weekly")
 file(WRITE "${weekly}/CODES.TXT" "Kestrel Rovers - KEST\r\nKing's Lynn Town - KING\r\n")
 file(WRITE "${weekly}/ENGTABS.TXT"
