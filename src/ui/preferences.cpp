@@ -62,6 +62,8 @@ Preferences::Preferences(SessionController& controller, QWidget* parent)
       txtPhysio_(new QLineEdit(this)),
       txtScoutFile_(new QLineEdit(this)),
       txtStatsFile_(new QLineEdit(this)) {
+    // A refresh gives an empty StatsFile its place.
+    connect(&controller_, &SessionController::statsRefreshed, this, [this] { showFiles(); });
     pickFile_ = [this](const QString& title, const QString& dir, const QString& filter) {
         return QFileDialog::getOpenFileName(this, title, dir, filter);
     };
