@@ -49,8 +49,11 @@ void makeDemoLeague(const std::filesystem::path& gameFolder, const DemoOptions& 
         const std::string dir = "Archives/week" + std::to_string(week);
         game.ensureFolder(dir);
         std::vector<ZipEntry> squads;
-        for (const demo::DemoClub* club : league.managedClubs())
+        for (const demo::DemoClub* club : league.managedClubs()) {
             squads.push_back({league.squadsheetFileName(*club), league.squadsheetText(*club)});
+            std::string report = league.matchReportText(*club);
+            if (!report.empty()) squads.push_back({league.matchReportFileName(*club), std::move(report)});
+        }
         const std::time_t when = archiveTime(league.turnDate());
         writeZip(game.resolve(dir + "/squad.zip"), squads, when);
         std::vector<ZipEntry> weekly{{"clubsqua.txt", league.clubExportText()}};

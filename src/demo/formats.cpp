@@ -69,11 +69,12 @@ std::string League::squadsheetText(const DemoClub& club) const {
     out.push_back("SQUAD DETAILS");
     out.push_back("=============");
     out.push_back("");
-    out.push_back(fixedWidth("", 46) + "PA  CO  TA  RU  SH  DR  DF  OF  FL  ST  CR  SK  RS   TS  SP  IN");
     out.push_back(fixedWidth("Name", 28) + fixedWidth("Nationality", 14) +
                   "Pos  Age ------------------ skills -------------------  core  total  susp inj");
-    out.push_back(std::string(110, '-'));
     out.push_back("");
+    // The column titles stand two lines above the first player.
+    out.push_back(fixedWidth("", 46) + "PA  CO  TA  RU  SH  DR  DF  OF  FL  ST  CR  SK  RS   TS  SU  IN");
+    out.push_back(std::string(110, '-'));
     out.push_back("");
 
     const std::vector<DemoPlayer>& squad = club.Players;
@@ -198,7 +199,8 @@ std::vector<std::pair<std::string, std::string>> League::weeklyFiles() const {
     const std::string week = " - TURN OF " + ddmmyyyy(turnDate());
     std::vector<std::pair<std::string, std::string>> files;
 
-    std::vector<std::string> codes{"CLUB CODES OF THE " + game + week, ""};
+    // No " - " in the title: a line holding it is a club.
+    std::vector<std::string> codes{"CLUB CODES OF THE " + game + " FOR THE TURN OF " + ddmmyyyy(turnDate()), ""};
     for (const DemoClub& c : clubs_) codes.push_back(c.Name + " - " + c.Code);
     files.emplace_back("CODES.TXT", joinCrLf(codes));
 
@@ -219,6 +221,7 @@ std::vector<std::pair<std::string, std::string>> League::weeklyFiles() const {
         lines.insert(lines.end(), news_[k].begin(), news_[k].end());
         files.emplace_back(names[k], joinCrLf(lines));
     }
+    for (auto& file : leagueFiles()) files.push_back(std::move(file));
     return files;
 }
 

@@ -56,6 +56,7 @@ std::string padCode(size_t n) {
 std::string two(int n) { return (n < 10 ? "0" : "") + std::to_string(n); }
 
 constexpr int kSeasonWeeks = 38;
+constexpr int kLeagueSize = 20;
 
 // The position groups' weights for the eleven skills, in the order of the skills.
 const int* skillWeights(const std::string& position) {
@@ -98,18 +99,17 @@ League::League(const DemoOptions& options) : options_(options), rng_(options.see
     ini_.Currency = "\xA3";
     ini_.ShortName = "KFL";
     ini_.AdminAddress = "turns@kestrin-league.example";
-    const char* leagues[9] = {"", "Premier Division", "First Division", "Second Division", "Third Division",
-                              "Northern Alliance", "Southern Alliance", "Western Counties", "Eastern Counties"};
-    const char* codes[9] = {"", "PREM", "DIV1", "DIV2", "DIV3", "NALL", "SALL", "WCTY", "ECTY"};
+    // The leagues carry the names the game's reports and tables give them.
     for (size_t k = 1; k <= 8; ++k) {
-        ini_.LeagueNames[k] = leagues[k];
-        ini_.LeagueCodes[k] = codes[k];
+        ini_.LeagueNames[k] = competitionName(int(k));
+        ini_.LeagueCodes[k] = fileCode(int(k));
     }
 
     // A Saturday in the autumn of 2025, somewhere in the season.
     firstDate_ = addDays(Date{2025, 8, 9}, 7 * rng_.range(0, 20));
     seasonWeek_ = rng_.range(0, 20);
     makeClubs();
+    makeSeason();
     week_ = 0;
     nextWeek();
 }
@@ -251,19 +251,28 @@ void League::placeOnLoan(DemoPlayer& p, const DemoClub& at) {
 void League::makeClubs() {
     // Every pairing of a town and a club word once, in a shuffled order.
     std::vector<std::string> pool;
+    // Names of up to 20 characters, as the game's files hold them.
     for (const std::string& town : names::kTowns)
-        for (const std::string& word : names::kClubWords) pool.push_back(town + " " + word);
+        for (const std::string& word : names::kClubWords)
+            if (town.size() + 1 + word.size() <= 20) pool.push_back(town + " " + word);
     for (size_t i = pool.size(); i > 1; --i) std::swap(pool[i - 1], pool[size_t(rng_.range(0, int(i) - 1))]);
     const size_t plain = pool.size();
     for (size_t i = 0; pool.size() < size_t(options_.exportClubs); ++i)
         pool.push_back(names::kTownPrefixes[(i / plain) % names::kTownPrefixes.size()] + " " + pool[i % plain]);
 
     clubs_.resize(size_t(options_.exportClubs));
+    // Leagues of up to twenty clubs, an even number where there are enough;
+    // a league's other clubs play no fixtures of it.
+    leagueCount_ = std::clamp((int(clubs_.size()) + kLeagueSize - 1) / kLeagueSize, 1, 8);
+    int leagueSize = std::min(kLeagueSize, int(clubs_.size()) / leagueCount_);
+    if (leagueSize % 2 == 1 && leagueSize > 3 && (leagueSize - 1) * leagueCount_ >= options_.clubs) --leagueSize;
+    std::array<int, 9> placed{};
     for (size_t i = 0; i < clubs_.size(); ++i) {
         DemoClub& c = clubs_[i];
         c.Name = pool[i];
         c.Colours = rng_.pick(names::kColours);
-        c.League = int(i % 8) + 1;
+        c.League = int(i % size_t(leagueCount_)) + 1;
+        c.InLeague = placed[size_t(c.League)]++ < leagueSize;
         c.Code = i < 9999 ? padCode(i + 1) : std::to_string(i + 1);
     }
 
@@ -271,6 +280,8 @@ void League::makeClubs() {
     std::vector<size_t> order(clubs_.size());
     std::iota(order.begin(), order.end(), 0);
     for (size_t i = order.size(); i > 1; --i) std::swap(order[i - 1], order[size_t(rng_.range(0, int(i) - 1))]);
+    // The manager's clubs play in the leagues, so their matches are reported.
+    std::stable_partition(order.begin(), order.end(), [this](size_t i) { return clubs_[i].InLeague; });
     for (int m = 0; m < options_.clubs; ++m) {
         DemoClub& c = clubs_[order[size_t(m)]];
         // The game's club code: four figures, so file names keep eight characters.
@@ -409,29 +420,38 @@ const DemoClub& League::otherClub(const DemoClub& club, bool sameLeague) {
     }
 }
 
-void League::scheduleMatches(DemoClub& club, size_t managedIndex) {
+void League::scheduleMatches(DemoClub& club, size_t) {
     club.Fixtures.clear();
     club.MatchLines.clear();
-    // The first club always plays, so that every league has a fixture to order.
-    if (managedIndex > 0 && rng_.chance(15)) {
+    // Next week's round of the fixture list, and a cup tie when the cup is due.
+    const size_t self = size_t(&club - clubs_.data());
+    const int round = (seasonWeek_ + 1) % kSeasonWeeks;
+    auto add = [&](const std::string& venue, size_t other, const std::string& competition) {
+        Fixture f;
+        f.Venue = venue.substr(0, 1);
+        f.Opponent = clubs_[other].Name;
+        f.Competition = competition;
+        club.MatchLines.push_back(venue + " versus " + f.Opponent + " in the " + f.Competition);
+        club.Fixtures.push_back(f);
+    };
+    for (const auto& [home, away] : leaguePairs(club.League, round))
+        if (home == self || away == self) add(home == self ? "Home" : "Away", home == self ? away : home,
+                                              competitionName(club.League));
+    int stage = 0;
+    if (round > 0 && cupRoundAt(club.League, round, stage)) {
+        const Cup& cup = cups_[size_t(club.League)];
+        const bool final = stage + 1 == cup.stages;
+        for (const auto& [home, away] : cup.ties)
+            if (home == self || away == self)
+                add(final ? "Neutral" : home == self ? "Home" : "Away", home == self ? away : home, kCupName);
+    }
+    if (club.Fixtures.empty()) {
         // Marker extraction turns this line into an empty match.
         club.MatchLines.emplace_back(kNoScheduledMatches);
         Fixture f;
         f.Venue = "N";
         club.Fixtures.push_back(f);
         return;
-    }
-    const int matches = rng_.chance(60) ? 1 : rng_.chance(70) ? 2 : 3;
-    for (int m = 0; m < matches; ++m) {
-        Fixture f;
-        const bool cup = m > 0;
-        const int where = rng_.range(1, 10);
-        const std::string venue = cup && where == 10 ? "Neutral" : where <= 5 ? "Home" : "Away";
-        f.Venue = venue.substr(0, 1);
-        f.Opponent = otherClub(club, !cup).Name;
-        f.Competition = cup ? rng_.pick(names::kCups) : ini_.LeagueNames[size_t(club.League)];
-        club.MatchLines.push_back(venue + " versus " + f.Opponent + " in the " + f.Competition);
-        club.Fixtures.push_back(f);
     }
     // Notes of the administrator that the reader passes over.
     if (rng_.chance(30)) club.MatchLines.push_back("This team's matches are played on Saturday afternoon");
@@ -568,44 +588,15 @@ std::vector<std::string> League::reportLines(const DemoClub& club, size_t manage
     }
     if (managedIndex % 2 == 0) out.push_back("Bonus money of " + std::to_string(rng_.range(2, 20) * 250) + " was paid to the squad");
     out.push_back("Gate receipts were shared with the visitors as the rules of the league ask");
-    // Last week's match reports: most weeks one, some weeks a cup match too.
-    const int matches = rng_.chance(15) ? 0 : rng_.chance(30) ? 2 : 1;
-    for (int m = 0; m < matches; ++m) matchReport(club, out);
+    // The short reports of last week's matches.
+    const size_t self = size_t(&club - clubs_.data());
+    for (const Match& m : matches_)
+        if (m.side[0].club == self || m.side[1].club == self) {
+            const std::vector<std::string> lines = matchSummary(m, club);
+            out.insert(out.end(), lines.begin(), lines.end());
+        }
     out.push_back("");
     return out;
-}
-
-void League::matchReport(const DemoClub& club, std::vector<std::string>& out) {
-    const Club& h = club.Header;
-    // Last week's match report.
-    const DemoClub& o = otherClub(club, true);
-    const bool home = rng_.chance(50);
-    const std::string& homeName = home ? club.Name : o.Name;
-    const std::string& awayName = home ? o.Name : club.Name;
-    const int hg = rng_.range(0, 4), ag = rng_.range(0, 3);
-    const DemoPlayer& star = club.Players[size_t(rng_.range(0, int(club.Players.size()) - 1))];
-    out.push_back("");
-    out.push_back("Match to be played at " + (home ? h.Stadium : std::string("the ground of ") + o.Name));
-    out.push_back(homeName + " versus " + awayName + " in the " + ini_.LeagueNames[size_t(club.League)]);
-    out.push_back("Home shots On/Off " + std::to_string(hg + rng_.range(1, 6)) + "/" +
-                  std::to_string(rng_.range(1, 7)) + "   Away shots On/Off " + std::to_string(ag + rng_.range(1, 5)) +
-                  "/" + std::to_string(rng_.range(1, 7)));
-    out.push_back("Result : " + homeName + " " + std::to_string(hg) + " " + awayName + " " + std::to_string(ag));
-    out.push_back("MAN OF THE MATCH : " + star.rec.Name + " (" + club.Name + ")");
-    out.push_back("MATCH COMMENTARY");
-    int minute = 0;
-    for (int e = rng_.range(2, 5); e > 0; --e) {
-        minute = std::min(90, minute + rng_.range(4, 25));
-        const DemoPlayer& q = club.Players[size_t(rng_.range(0, int(club.Players.size()) - 1))];
-        out.push_back(padLeft(std::to_string(minute), 3) + " mins : " + q.rec.Name +
-                      (rng_.chance(30) ? " BOOKED for a late challenge" : " goes close with a shot from range"));
-    }
-    out.push_back(" 90 mins : Full time");
-    out.push_back("MAN OF THE MATCH : " + star.rec.Name + " (" + club.Name + ")");
-    out.push_back("Attendance : " + std::to_string(h.Capacity * rng_.range(40, 100) / 100));
-    out.push_back("Referee : " + rng_.pick(names::kReferees));
-    out.push_back("Gate receipts : " + std::to_string(home ? h.GateMoney : 0));
-    out.push_back("Weather : " + std::string(rng_.chance(50) ? "dry and bright" : "wet and windy"));
 }
 
 void League::weekForManaged(DemoClub& club, size_t managedIndex) {
@@ -679,6 +670,8 @@ void League::nextWeek() {
     }
     stamp_ = ddmmyyyy(turnDate()) + " at " + two(rng_.range(18, 23)) + ":" + two(rng_.range(0, 59)) + ":" +
              two(rng_.range(0, 59));
+    // Last week's matches, which every file of this week tells.
+    playRound(seasonWeek_, true);
 
     std::vector<DemoClub*> managed;
     for (DemoClub& c : clubs_)
@@ -697,6 +690,7 @@ void League::nextWeek() {
         weekForManaged(c, m);
     }
     weekNews();
+    weekTrades();
 }
 
 }  // namespace kestrin::demo
@@ -719,6 +713,16 @@ void League::weekNews() {
                                   " and moved by one point in " + words[skill] + ", his new value is " +
                                   std::to_string(p.rec.skill(skill)));
         }
+    }
+    // Coaching that worked at clubs all over the game: the truncated name in
+    // fifteen columns, then the club, the skill and its new value.
+    coaching_.clear();
+    for (int n = rng_.range(8, 20); n > 0; --n) {
+        const DemoClub& c = clubs_[size_t(rng_.range(0, int(clubs_.size()) - 1))];
+        const DemoPlayer& p = c.Players[size_t(rng_.range(0, int(c.Players.size()) - 1))];
+        const CoachSkill& s = kCoachSkills[rng_.range(0, 8)];
+        coaching_.push_back(fixedWidth(p.rec.Name, 15) + c.Name + " " + s.code + " " +
+                            std::to_string(p.rec.skill(s.index)));
     }
 }
 

@@ -17,7 +17,7 @@ endif()
 string(JSON second GET "${out}" Clubs 1 Name)
 
 # Text in the credits field of the first club's Squadsheet (line 3).
-file(GLOB sheets "${dir}/Squadsheets/*")
+file(GLOB sheets "${dir}/Squadsheets/*SQUA.TXT")
 list(SORT sheets CASE INSENSITIVE)
 list(GET sheets 0 first)
 get_filename_component(firstName "${first}" NAME)
