@@ -345,11 +345,11 @@ std::vector<std::pair<std::string, std::string>> League::leagueFiles() const {
         }
     }
 
-    const std::string tradeHeading = fixedWidth("Player", 50) + fixedWidth("From", 16) + fixedWidth("To", 17) + "Wk Fee";
-    std::vector<std::string> transfers{"Transfers - players transfered this week - " + week, "", tradeHeading};
+    // Every line but the title is a deal: no column titles.
+    std::vector<std::string> transfers{"Transfers - players transfered this week - " + week, ""};
     transfers.insert(transfers.end(), transfers_.begin(), transfers_.end());
     files.emplace_back("TRANSFER.TXT", joinCrLf(transfers));
-    std::vector<std::string> loans{"Loan deals organised this week - " + week, "", tradeHeading};
+    std::vector<std::string> loans{"Loan deals organised this week - " + week, ""};
     loans.insert(loans.end(), loans_.begin(), loans_.end());
     files.emplace_back("LOANS.TXT", joinCrLf(loans));
     std::vector<std::string> moves{"Transfers - squad reports of the week - " + week, ""};

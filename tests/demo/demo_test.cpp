@@ -12,7 +12,12 @@
 #include "files/archive.h"
 #include "files/loadturn.h"
 #include "files/squadsheet.h"
+#include "orders/harvest.h"
 #include "orders/history.h"
+#include "stats/honours.h"
+#include "stats/lookups.h"
+#include "stats/refresh.h"
+#include "stats/statsdb.h"
 #include "support/testsupport.h"
 
 using namespace kestrin;
@@ -28,6 +33,33 @@ const demo::DemoClub* managedByKey(const demo::League& league, const std::string
     for (const demo::DemoClub* c : league.managedClubs())
         if (c->Key == key) return c;
     return nullptr;
+}
+
+// The Stats database of the game folder after one refresh of its week.
+stats::RefreshResult refresh(const fs::path& folder, Settings& settings) {
+    settings.StatsFile = (folder / "stats.db").string();
+    RecordingMessages messages;
+    stats::RefreshOptions quiet;
+    quiet.showDone = false;
+    return stats::refreshStats(GameFolder(folder), settings, messages, quiet);
+}
+
+// A league table file as (club, "played|goal difference|points"), in its order.
+std::vector<std::pair<std::string, std::string>> tableOf(const std::string& text) {
+    std::vector<std::pair<std::string, std::string>> out;
+    size_t played = 0, gd = 0, pts = 0;
+    for (const std::string& line : splitLines(text)) {
+        if (line.find(" Mgd ") != std::string::npos) {
+            played = line.find("PYD ");
+            gd = line.find(" GD ") + 1;
+            pts = line.find(" PTS");
+        } else if (pts && line.size() > pts && val(line.substr(0, 4)) > 0) {
+            out.emplace_back(trim(line.substr(5, 20)), std::to_string(int(val(line.substr(played, 2)))) + "|" +
+                                                           std::to_string(int(val(line.substr(gd, 4)))) + "|" +
+                                                           std::to_string(int(val(line.substr(pts)))));
+        }
+    }
+    return out;
 }
 
 }  // namespace
@@ -375,4 +407,208 @@ TEST(DemoLeague, LargeLeagueLoadsWhole) {
     EXPECT_EQ(managed, size_t(std::count_if(emails.begin(), emails.end(),
                                              [](const std::string& l) { return l.find('@') != std::string::npos; })));
     EXPECT_EQ(names.size(), 2000u) << "club names are unique";
+}
+
+// One week refreshed into the Stats database: every table gets rows, the
+// short reports find the rows of the long ones, the matches are the model's,
+// and a second refresh of the same week adds nothing.
+TEST(DemoLeague, AWeekFillsEveryStatsTableOnce) {
+    DemoOptions four = small(21);
+    four.clubs = 4;
+    const struct {
+        const char* name;
+        DemoOptions options;
+    } cases[] = {{"small", four}, {"large", largeDemoOptions()}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        TempDir t;
+        makeDemoLeague(t.path(), c.options);
+        Settings settings = defaultSettings(t.path());
+        const stats::RefreshResult first = refresh(t.path(), settings);
+        ASSERT_EQ(first.status, stats::RefreshStatus::Done) << first.problem;
+        const stats::AddedRows& a = first.added;
+        for (auto [table, n] : {std::pair{"Clubs", a.Clubs}, {"Managers", a.Managers}, {"Coaching", a.Coaching},
+                                {"Tables", a.Tables}, {"Trades", a.Trades}, {"MatchMain", a.MatchMain},
+                                {"MatchTeam", a.MatchTeam}, {"MatchPlayer", a.MatchPlayer}, {"MatchGoal", a.MatchGoal},
+                                {"Summary", a.Summary}, {"Skills", a.Skills}})
+            EXPECT_GT(n, 0) << table;
+        EXPECT_EQ(a.Clubs, c.options.exportClubs + 1);  // and "Unknown"
+        EXPECT_EQ(a.MatchTeam, 2 * a.MatchMain);
+        EXPECT_EQ(a.MatchPlayer, 26 * a.MatchMain);
+
+        const demo::League league(c.options);
+        std::multiset<std::string> want;
+        int goals = 0;
+        for (const demo::Match& m : league.weekMatches()) {
+            const demo::DemoClub &home = league.clubs()[m.side[0].club], &away = league.clubs()[m.side[1].club];
+            if (!home.managed() && !away.managed()) continue;
+            const int round = m.cup ? stats::roundFromText(m.cupRound) : 50 + m.leagueRound;
+            want.insert(home.Code + "|" + away.Code + "|" + std::to_string(m.side[0].goals) + "|" +
+                        std::to_string(m.side[1].goals) + "|" + std::to_string(m.attendance) + "|" +
+                        std::to_string(round) + "|" + (m.neutral() ? "N" : "H"));
+            goals += m.side[0].goals + m.side[1].goals;
+        }
+        SQLite::Database db(settings.StatsFile);
+        const std::vector<std::string> got = test::rows(
+            db, "SELECT m.HomeSide, m.AwaySide, h.Score, a.Score, m.Attendance, m.RoundType, h.Venue FROM MatchMain m "
+                "JOIN MatchTeam h ON h.MatchCode = m.MatchCode AND h.Club = m.HomeSide "
+                "JOIN MatchTeam a ON a.MatchCode = m.MatchCode AND a.Club = m.AwaySide");
+        EXPECT_EQ(std::multiset<std::string>(got.begin(), got.end()), want);
+        EXPECT_EQ(a.MatchGoal, goals);
+        // What only the short reports tell reached every side and every goal.
+        EXPECT_EQ(test::rows(db, "SELECT COUNT(*) FROM MatchTeam WHERE Possession IS NULL OR Cap IS NULL")[0], "0");
+        EXPECT_EQ(test::rows(db, "SELECT COUNT(*) FROM MatchGoal WHERE Value IS NULL OR Scorer IS NULL")[0], "0");
+        EXPECT_EQ(test::rows(db, "SELECT COUNT(*) FROM Trades WHERE FromClub = '9999' OR ToClub = '9999'")[0], "0");
+        EXPECT_EQ(test::rows(db, "SELECT COUNT(*) FROM Coaching WHERE Club = '9999'")[0], "0");
+
+        const stats::RefreshResult second = refresh(t.path(), settings);
+        ASSERT_EQ(second.status, stats::RefreshStatus::Done) << second.problem;
+        stats::AddedRows again = second.added;
+        EXPECT_EQ(again.Clubs, a.Clubs);  // the club list is made anew each time
+        again.Clubs = 0;
+        EXPECT_EQ(again, stats::AddedRows{});
+    }
+}
+
+// Week by week, each club's line of the table moves by its result in the
+// week's result file.
+TEST(DemoLeague, TablesMoveByTheWeeksResults) {
+    TempDir t;
+    DemoOptions o = small(22);
+    o.weeks = 3;
+    makeDemoLeague(t.path(), o);
+    auto weekly = [&](int week, const std::string& name) {
+        TempDir out;
+        extractZip(t.path() / "Archives" / ("week" + std::to_string(week)) / "weekly.zip", out.path());
+        return fs::exists(out.path() / name) ? out.read(name) : std::string();
+    };
+    int checked = 0;
+    for (const char* code : {"ENG", "ENG1"}) {
+        for (int week = 2; week <= 3; ++week) {
+            std::map<std::string, std::string> before;
+            for (auto& [club, row] : tableOf(weekly(week - 1, std::string(code) + "TABS.TXT"))) before[club] = row;
+            std::map<std::string, std::array<int, 3>> moved;  // played, goal difference, points
+            for (const std::string& line : splitLines(weekly(week, std::string(code) + ".TXT"))) {
+                if (line.find('(') == std::string::npos) continue;
+                const size_t dash = line.find(" - ");
+                const int h = int(val(line.substr(dash - 2, 2))), a = int(val(line.substr(dash + 3, 2)));
+                const std::string home = trim(line.substr(0, line.find(" (")));
+                const size_t from = line.rfind(')') + 3;
+                const std::string away = trim(line.substr(from, line.size() - 8 - from));
+                moved[home] = {1, h - a, h > a ? 3 : h == a ? 1 : 0};
+                moved[away] = {1, a - h, a > h ? 3 : h == a ? 1 : 0};
+            }
+            const auto now = tableOf(weekly(week, std::string(code) + "TABS.TXT"));
+            ASSERT_EQ(now.size(), 20u) << code;
+            ASSERT_EQ(moved.size(), 20u) << code << " week " << week;
+            for (auto& [club, row] : now) {
+                ASSERT_TRUE(before.count(club) && moved.count(club)) << club;
+                const std::vector<std::string> b = Tokens(before[club], '|').all();
+                const auto& m = moved[club];
+                EXPECT_EQ(row, std::to_string(std::stoi(b[0]) + m[0]) + "|" + std::to_string(std::stoi(b[1]) + m[1]) +
+                                   "|" + std::to_string(std::stoi(b[2]) + m[2]))
+                    << code << " week " << week << " " << club;
+                ++checked;
+            }
+        }
+    }
+    EXPECT_EQ(checked, 80);
+}
+
+// The last week of a season refreshed: every managed club's honours show
+// its finish beside the champions, and the cup final of a club that played it.
+TEST(DemoLeague, SeasonsEndGivesHonours) {
+    // The first league whose final one of our clubs plays.
+    DemoOptions o;
+    std::optional<demo::League> found;
+    for (uint64_t seed = 5; seed < 30 && !found; ++seed) {
+        o = small(seed);
+        o.clubs = 8;
+        demo::League league(o);
+        o.weeks = 1;
+        while (league.standing(league.table(1)[0]).played < 38) {
+            league.nextWeek();
+            ++o.weeks;
+        }
+        for (const demo::Match& m : league.weekMatches())
+            if (m.neutral() && (league.clubs()[m.side[0].club].managed() || league.clubs()[m.side[1].club].managed()))
+                found.emplace(std::move(league));
+    }
+    ASSERT_TRUE(found.has_value());
+    const demo::League& league = *found;
+    ASSERT_LE(o.weeks, 38);
+    TempDir t;
+    makeDemoLeague(t.path(), o);
+    for (const char* folder : {"Squadsheets", "Weekly"}) {
+        fs::remove_all(t.path() / folder);
+        extractZip(t.path() / "Archives" / ("week" + std::to_string(o.weeks)) /
+                       (folder[0] == 'S' ? "squad.zip" : "weekly.zip"),
+                   t.path() / folder);
+    }
+    Settings settings = defaultSettings(t.path());
+    ASSERT_EQ(refresh(t.path(), settings).status, stats::RefreshStatus::Done);
+    int finals = 0;
+    for (const demo::DemoClub* club : league.managedClubs()) {
+        SCOPED_TRACE(club->Name);
+        RecordingMessages messages;
+        const std::optional<stats::Honours> h = stats::clubHonours(settings, club->Name, messages);
+        ASSERT_TRUE(h.has_value());
+        const std::vector<size_t> order = league.table(club->League);
+        const size_t self = size_t(club - league.clubs().data());
+        const size_t place = size_t(std::find(order.begin(), order.end(), self) - order.begin());
+        const demo::DemoClub& champions = league.clubs()[order[0]];
+        ASSERT_FALSE(h->Rows.empty());
+        const stats::HonoursRow& season = h->Rows[0];
+        EXPECT_EQ(season.Competition, demo::League::competitionName(club->League));
+        EXPECT_EQ(season.Finish, std::to_string(place + 1));
+        EXPECT_EQ(season.Points, std::to_string(league.standing(self).points()));
+        EXPECT_EQ(season.Champions, champions.Name);
+        EXPECT_EQ(season.ChampionsPoints, std::to_string(league.standing(order[0]).points()));
+        std::vector<std::string> want;
+        for (const demo::Match& m : league.weekMatches()) {
+            if (!m.neutral() || (m.side[0].club != self && m.side[1].club != self)) continue;
+            const int own = m.side[0].club == self ? 0 : 1;
+            const int mine = m.side[size_t(own)].goals, theirs = m.side[size_t(1 - own)].goals;
+            want.push_back(std::string(demo::kCupName) + "|" +
+                           (mine > theirs ? "Winners" : mine < theirs ? "Runners Up" : "Final went to penalties") + "|" +
+                           league.clubs()[m.side[size_t(1 - own)].club].Name);
+        }
+        std::vector<std::string> got;
+        for (size_t i = 1; i < h->Rows.size(); ++i)
+            got.push_back(h->Rows[i].Competition + "|" + h->Rows[i].Finish + "|" + h->Rows[i].Champions);
+        EXPECT_EQ(got, want);
+        finals += int(want.size());
+    }
+    EXPECT_GT(finals, 0);
+}
+
+// The short reports in the Squadsheets pass the harvest and Last Week: no
+// line of them becomes a memo, and each shows under the results.
+TEST(DemoLeague, ReportsGiveMemosOfEveryDepartmentAndResults) {
+    TempDir t;
+    DemoOptions o = small(23);
+    o.clubs = 6;
+    makeDemoLeague(t.path(), o);
+    const Session s = loadQuietly(t.path());
+    std::set<std::string> from;
+    for (const Memo& m : s.Memos) {
+        from.insert(m.From);
+        for (const char* summary : {"On/Off", " SK ", " CAP  ", "SCORERS FOR", "Possession", "versus"})
+            EXPECT_EQ(m.Text.find(summary), std::string::npos) << m.Text;
+    }
+    EXPECT_EQ(from, (std::set<std::string>{"Coaching department", "Physio department", "Club Scout", "First team coach"}));
+    const demo::League league(o);
+    for (const Club& c : s.Clubs) {
+        const LastWeekBoxes boxes = lastWeekBoxes(s, c);
+        int played = 0;
+        for (const demo::Match& m : league.weekMatches())
+            for (const demo::MatchSide& side : m.side) played += league.clubs()[side.club].Code == c.ClubFile;
+        const std::string& results = boxes[4];
+        size_t shown = 0;
+        for (size_t at = results.find("Home shots On/Off"); at != std::string::npos;
+             at = results.find("Home shots On/Off", at + 1))
+            ++shown;
+        EXPECT_EQ(shown, size_t(played)) << c.Name;
+        EXPECT_EQ(boxes[6].find(" CAP  "), std::string::npos) << c.Name;
+    }
 }
