@@ -1,5 +1,7 @@
 #include "files/archive.h"
 
+#include <utime.h>
+
 #include <zip.h>
 
 #include <fstream>
@@ -177,6 +179,13 @@ std::vector<std::filesystem::path> extractZip(const std::filesystem::path& zipPa
         }
         std::filesystem::create_directories(out.parent_path(), ec);
         writeFileAtomic(out, contents[k]);
+        // The entry keeps its date: the week's date is read off it.
+        zip_stat_t st;
+        zip_stat_init(&st);
+        if (zip_stat_index(z.get(), chosen[k].index, 0, &st) == 0 && (st.valid & ZIP_STAT_MTIME)) {
+            const utimbuf times{st.mtime, st.mtime};
+            ::utime(out.c_str(), &times);
+        }
         written.push_back(out);
     }
     return written;

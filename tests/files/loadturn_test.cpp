@@ -7,6 +7,8 @@
 #include "files/archive.h"
 #include "files/loadturn.h"
 #include "files/turnsheet.h"
+#include "orders/harvest.h"
+#include "stats/refresh.h"
 #include "support/testsupport.h"
 
 using namespace kestrin;
@@ -158,6 +160,9 @@ TEST(LoadTurn, OverwriteDeletesLastWeeksFilesAndLoadsTheNewWeek) {
     std::vector<std::string> inZip = listZip(league.zip(2, "squad.zip"));
     std::sort(inZip.begin(), inZip.end(), [](auto& a, auto& b) { return lessNoCase(a, b); });
     EXPECT_EQ(GameFolder(root).list("Squadsheets", "*"), inZip);
+    // The files keep the archive's dates: the week is dated by the game, not by the day it was loaded.
+    const std::string turn = turnDateOf(league.session.TurnStamp);
+    EXPECT_EQ(stats::statsDate(GameFolder(root)), turn.substr(0, 4) + "-" + turn.substr(4, 2) + "-" + turn.substr(6, 2));
 }
 
 TEST(LoadTurn, RetainedOrdersPassTheFiltersAndWeeklyOrdersNeverCarryOver) {
