@@ -7,6 +7,7 @@
 #include <chrono>
 #include <thread>
 
+#include "demo/league.h"
 #include "stats/refresh.h"
 #include "ui/honours.h"
 #include "ui/qtext.h"
@@ -35,6 +36,7 @@ private slots:
     void refreshRunsWhileTheWindowAnswers();
     void cancelLeavesNoDatabase();
     void honoursNeedTheDatabase();
+    void honoursAtTheSeasonsEnd();
 };
 
 void StatsTest::refreshRunsWhileTheWindowAnswers() {
@@ -96,6 +98,48 @@ void StatsTest::honoursNeedTheDatabase() {
     QCOMPARE(d->list()->topLevelItemCount(), 0);
     QCOMPARE(d->list()->headerItem()->text(1), QString("Date"));
     QVERIFY(d->windowTitle().contains(ui::qs(g.session().current()->Name)));
+}
+
+void StatsTest::honoursAtTheSeasonsEnd() {
+    // The demo league up to the week its tables reach 38 games.
+    DemoOptions o = smallDemo(7, 40);
+    o.clubs = 3;
+    demo::League league(o);
+    o.weeks = 1;
+    while (league.standing(league.table(1)[0]).played < 38) {
+        league.nextWeek();
+        ++o.weeks;
+    }
+    UiGame g{UiGame::Empty{}};
+    makeDemoLeague(g.dir.path(), o);
+    g.open();
+
+    // The last week loaded as the manager would: the refresh follows by itself.
+    QSignalSpy done(g.controller.get(), &ui::SessionController::statsRefreshed);
+    const fs::path week = g.dir.path() / "Archives" / ("week" + std::to_string(o.weeks));
+    QVERIFY(g.controller->loadNewTurn((week / "squad.zip").string(), (week / "weekly.zip").string()));
+    QTRY_COMPARE_WITH_TIMEOUT(done.count(), 1, 30000);
+    QCOMPARE(done.at(0).at(0).toBool(), true);
+
+    const Club& club = *g.session().current();
+    const demo::DemoClub* model = nullptr;
+    for (const demo::DemoClub* c : league.managedClubs())
+        if (c->Name == club.Name) model = c;
+    QVERIFY(model);
+    const size_t self = size_t(model - league.clubs().data());
+    const std::vector<size_t> order = league.table(model->League);
+    const size_t place = size_t(std::find(order.begin(), order.end(), self) - order.begin());
+
+    g.button("MainMenu", "BtnHonours")->click();
+    auto* d = g.window->findChild<ui::HonoursDialog*>();
+    QVERIFY(d);
+    QVERIFY(d->list()->topLevelItemCount() >= 1);
+    const QTreeWidgetItem* season = d->list()->topLevelItem(0);
+    QCOMPARE(season->text(2), ui::qs(demo::League::competitionName(model->League)));
+    QCOMPARE(season->text(3), QString::number(place + 1));
+    QCOMPARE(season->text(5), ui::qs(league.clubs()[order[0]].Name));
+    QCOMPARE(season->text(6), QString::number(league.standing(order[0]).points()));
+    d->close();
 }
 
 QTEST_MAIN(StatsTest)
