@@ -4,10 +4,12 @@
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <cstdio>
+#include <memory>
 #include <tuple>
 
 #include "core/messages.h"
 #include "ui/lastweek.h"
+#include "ui/honours.h"
 #include "ui/loadturndialog.h"
 #include "ui/mainwindow.h"
 #include "ui/memoform.h"
@@ -120,6 +122,9 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
         notepad->fill("Sell the reserve keeper before the window shuts.\nTry 4-3-3 away from home.\n"
                       "Ask the league about the cup draw date.");
     shoot(notepad, "Notepad.png");
+    // The club's honours, when the game folder has a Stats database.
+    if (std::unique_ptr<HonoursDialog> honours(HonoursDialog::create(&window, controller)); honours)
+        shoot(honours.get(), "Honours.png");
     window.hide();
     return failures == 0 ? 0 : 1;
 }
