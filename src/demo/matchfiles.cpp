@@ -7,6 +7,7 @@
 #include "core/text.h"
 #include "demo/league.h"
 #include "demo/names.h"
+#include "stats/lookups.h"
 
 namespace kestrin::demo {
 
@@ -14,46 +15,20 @@ namespace {
 
 std::string num(int64_t n) { return std::to_string(n); }
 
-const char* const kFormations[16] = {"",        "4  3  3", "4  4  2", "4  2  4", "4  5  1", "5  4  1",
-                                     "5  3  2", "5  2  3", "3  4  3", "3  3  4", "3  2  5", "3  5  2",
-                                     "2  3  5", "3  6  1", "3  3  3", "2  4  4"};
-const char* const kTacticNames[23] = {"",           "Pressure",     "Blanket",   "Offside",    "Bite Back",
-                                      "Stopcross",  "Diamond",      "The Wall",  "Snappy",     "Revolver",
-                                      "Pass It",    "Waiting Game", "Standard",  "Centre Stage", "Tram Lines",
-                                      "Route One",  "Rainy Day",    "Support",   "Pot Shot",   "Chameleon",
-                                      "Flanker",    "Trickery",     "Sardines"};
-const char* const kGoalTypeNames[21] = {"",
-                                        "power header",      "placed header",     "looping header",
-                                        "flicked header",    "low header",        "diving header",
-                                        "chip over",         "low shot",          "side footed shot",
-                                        "powerful shot",     "dipping shot",      "swerving shot",
-                                        "half volley",       "low shot",          "lob over",
-                                        "volley",            "clear cut penalty", "dubious penalty",
-                                        "disputed penalty",  "direct freekick"};
-// Ball work: every phrase of the game's commentary that counts a touch.
-const char* const kBallWork[] = {" dummies ",
-                                 " checks back inside ",
-                                 " flicks the ball a little way forward",
-                                 " is looking for someone to make a run",
-                                 " controls the ball",
-                                 " holds off a challenge from ",
-                                 " twists and turns, trying to lose ",
-                                 " accelerates forward",
-                                 " tries to shake off ",
-                                 " holds off a another challenge, this time from ",
-                                 " breaks through the centre",
-                                 " takes the ball out wide",
-                                 " is being hacked at by ",
-                                 " double nutmegs ",
-                                 " flicks the ball up and does a revolution with it....amazing skill!",
-                                 " does a Zo'Ky!....what an entertainer!!",
-                                 " nutmegs ",
-                                 " flicks the ball up and juggles with it!",
-                                 " does a two footed drag back!",
-                                 " loses control ",
-                                 " over runs the ball under pressure from ",
-                                 " loses possession after great covering by ",
-                                 " forced back after great pressure from "};
+// The report's words for formations, tactics, goals and ball work are the
+// Stats tables' own, so the demo and the parser can't drift apart.
+std::string formationWords(int number) {
+    return number >= 1 && number <= int(stats::kFormationReportTexts.size())
+               ? std::string(stats::kFormationReportTexts[size_t(number - 1)])
+               : std::string();
+}
+std::string tacticWords(int number) { return std::string(stats::kTactics[size_t(number)]); }
+std::string goalWords(int type) { return std::string(stats::kGoalTypes[size_t(type - 1)]); }
+std::vector<std::string_view> ballWorkPhrases() {
+    std::vector<std::string_view> all(stats::kBallWinPhrases.begin(), stats::kBallWinPhrases.end());
+    all.insert(all.end(), stats::kBallLossPhrases.begin(), stats::kBallLossPhrases.end());
+    return all;
+}
 
 std::string blends(const std::array<int, 6>& b, size_t from) {
     return num(b[from]) + "  " + num(b[from + 1]) + "  " + num(b[from + 2]);
@@ -91,10 +66,10 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
     out.push_back(competitionOf(m) + " " + roundText(m) + " played at " + ground);
     out.push_back("The attendance was " + num(m.attendance) + " with " +
                   (r.chance(50) ? "a dry pitch and a light wind" : "rain falling all afternoon"));
-    out.push_back(home + " started with a formation of " + kFormations[m.side[0].formation] + " and " + away +
-                  " with a formation of " + kFormations[m.side[1].formation]);
-    out.push_back(home + " used the tactic " + kTacticNames[m.side[0].tactic] + " and " + away + " used the tactic " +
-                  kTacticNames[m.side[1].tactic]);
+    out.push_back(home + " started with a formation of " + formationWords(m.side[0].formation) + " and " + away +
+                  " with a formation of " + formationWords(m.side[1].formation));
+    out.push_back(home + " used the tactic " + tacticWords(m.side[0].tactic) + " and " + away + " used the tactic " +
+                  tacticWords(m.side[1].tactic));
     out.push_back(home + " started the game with a blend of " + blends(m.side[0].blends, 0) + " and " + away +
                   " started the game with a blend of " + blends(m.side[1].blends, 0));
     out.push_back("");
@@ -108,10 +83,11 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
     auto at = [&](int minute, std::vector<std::string> lines) { moments.push_back({minute, std::move(lines)}); };
     at(1, {" 1 mins - The game is under way", "The players line up to a loud welcome."});
     // Every ball-work phrase, spread over the match and both sides.
-    for (size_t k = 0; k < std::size(kBallWork); ++k) {
+    const std::vector<std::string_view> ballWork = ballWorkPhrases();
+    for (size_t k = 0; k < ballWork.size(); ++k) {
         const int s = int(k % 2);
         const int row = r.range(2, 11), rival = r.range(2, 11);
-        const std::string phrase = kBallWork[k];
+        const std::string phrase(ballWork[k]);
         at(3 + int(k) * 4, {num(3 + int(k) * 4) + " mins - Play flows from end to end",
                             who(s, row) + phrase + (phrase.back() == ' ' ? who(1 - s, rival) : std::string())});
     }
@@ -121,7 +97,7 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
         for (const MatchGoal& g : side.scored) {
             std::vector<std::string> lines{num(g.minute) + " mins - The ball is in the net",
                                            who(s, g.row) + " SCORED for " + club + " with a " +
-                                               kGoalTypeNames[g.type] + " after " + num(g.minute) + " minutes"};
+                                               goalWords(g.type) + " after " + num(g.minute) + " minutes"};
             if (g.assist) lines.push_back("And set up by " + plain(s, g.assist) + " which was a fine ball");
             at(g.minute, std::move(lines));
         }
@@ -143,9 +119,9 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
                     who(s, r.range(2, 11)) + " HIT THE post with a header"});
         if (side.endFormation)
             at(55 + s, {num(55 + s) + " mins - A change of shape",
-                        club + " adjusted themselves, now playing a " + kFormations[side.endFormation] +
+                        club + " adjusted themselves, now playing a " + formationWords(side.endFormation) +
                             " formation and the tactic " +
-                            kTacticNames[side.endTactic ? side.endTactic : side.tactic],
+                            tacticWords(side.endTactic ? side.endTactic : side.tactic),
                         "The manager waves his arms from the touchline."});
         for (int row = 12; row <= 13; ++row) {
             const SheetRow& sub = side.rows[size_t(row - 1)];
@@ -175,7 +151,7 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
         out.push_back(num(side.style) + "   " + num(side.movement) + "   " + num(side.possession) + "   " +
                       num(side.shotsOn + side.shotsOff) + "   " + blends(side.blends, 0) + "   " +
                       blends(side.blends, 3) + "   " +
-                      (side.endTactic ? std::string(kTacticNames[side.endTactic]) + "   " : std::string()) +
+                      (side.endTactic ? tacticWords(side.endTactic) + "   " : std::string()) +
                       num(side.shotsOn) + "   " + num(side.shotsOff) + "   " + num(side.performance));
         out.push_back("");
         out.push_back("Player statistics for " + names[size_t(s)] + "   MAN OF THE MATCH - " + plain(s, side.mom) +
