@@ -15,12 +15,14 @@ inline bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == 
 inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 }  // namespace
 
-std::string trim(std::string_view s) {
+std::string_view trimView(std::string_view s) {
     size_t b = 0, e = s.size();
     while (b < e && isBlank(s[b])) ++b;
     while (e > b && isBlank(s[e - 1])) --e;
-    return std::string(s.substr(b, e - b));
+    return s.substr(b, e - b);
 }
+
+std::string trim(std::string_view s) { return std::string(trimView(s)); }
 
 std::string upper(std::string_view s) {
     std::string r(s);
@@ -64,6 +66,10 @@ size_t findNoCase(std::string_view hay, std::string_view needle, size_t from) {
 }
 
 std::string markerText(std::string_view line, std::string_view startMarker, std::string_view endMarker) {
+    return std::string(markerView(line, startMarker, endMarker));
+}
+
+std::string_view markerView(std::string_view line, std::string_view startMarker, std::string_view endMarker) {
     // Positions are 1-based, as the game's own routine counts them.
     size_t start;
     if (startMarker.empty()) {
@@ -84,7 +90,7 @@ std::string markerText(std::string_view line, std::string_view startMarker, std:
     if (line == kNoScheduledMatches) return {};
     if (end < start) end = line.size() + 1;
     if (start > line.size()) return {};
-    return std::string(line.substr(start - 1, end - start));
+    return line.substr(start - 1, end - start);
 }
 
 std::string fromColumn(std::string_view line, size_t column1) {

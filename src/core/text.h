@@ -12,6 +12,8 @@ namespace kestrin {
 inline constexpr std::string_view kNoScheduledMatches = "No scheduled matches for next week";
 
 std::string trim(std::string_view s);
+// The same without a copy: a view into `s`.
+std::string_view trimView(std::string_view s);
 std::string upper(std::string_view s);
 std::string lower(std::string_view s);
 bool equalsNoCase(std::string_view a, std::string_view b);
@@ -27,6 +29,8 @@ size_t findNoCase(std::string_view hay, std::string_view needle, size_t from = 0
 // marker's length (1-based), an absent end marker runs to the end of the line,
 // and the line "No scheduled matches for next week" always gives "".
 std::string markerText(std::string_view line, std::string_view startMarker, std::string_view endMarker);
+// The same text as a view into `line`, for readers that only look at it.
+std::string_view markerView(std::string_view line, std::string_view startMarker, std::string_view endMarker);
 // The stats loaders' name for the same rule.
 inline std::string midBetween(std::string_view text, std::string_view start, std::string_view end) {
     return markerText(text, start, end);

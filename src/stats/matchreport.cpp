@@ -22,12 +22,17 @@ bool blank(std::string_view line) { return trim(line).empty(); }
 
 // Every phrase a report line is tested for, found in one pass over the line:
 // phrases are indexed by their first two characters, so each place of the
-// line is compared only with the few phrases that could begin there.
+// line is compared only with the few phrases that could begin there. The
+// index ignores case, so one pass serves the phrases matched either way.
 class PhraseSet {
 public:
-    explicit PhraseSet(std::vector<std::string> phrases) : phrases_(std::move(phrases)), first_(65536, -1) {
+    struct Phrase {
+        std::string text;  // two characters or more
+        bool ignoreCase;
+    };
+    explicit PhraseSet(std::vector<Phrase> phrases) : phrases_(std::move(phrases)), first_(65536, -1) {
         for (size_t i = 0; i < phrases_.size(); ++i) {
-            const size_t key = keyAt(phrases_[i], 0);
+            const size_t key = keyAt(phrases_[i].text, 0);
             next_.push_back(first_[key]);
             first_[key] = int(i);
         }
@@ -37,43 +42,45 @@ public:
         uint64_t found = 0;
         for (size_t at = 0; at + 1 < text.size(); ++at)
             for (int i = first_[keyAt(text, at)]; i >= 0; i = next_[size_t(i)]) {
-                const std::string& p = phrases_[size_t(i)];
-                if (p.size() <= text.size() - at && std::memcmp(text.data() + at, p.data(), p.size()) == 0)
-                    found |= uint64_t(1) << i;
+                const Phrase& p = phrases_[size_t(i)];
+                if (p.text.size() > text.size() - at) continue;
+                const std::string_view here = text.substr(at, p.text.size());
+                if (p.ignoreCase ? equalsNoCase(here, p.text) : here == p.text) found |= uint64_t(1) << i;
             }
         return found;
     }
 
 private:
-    static size_t keyAt(std::string_view s, size_t at) {
-        return size_t(static_cast<unsigned char>(s[at])) << 8 | static_cast<unsigned char>(s[at + 1]);
-    }
-    std::vector<std::string> phrases_;
+    static unsigned fold(char c) { return static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c); }
+    static size_t keyAt(std::string_view s, size_t at) { return size_t(fold(s[at])) << 8 | fold(s[at + 1]); }
+    std::vector<Phrase> phrases_;
     std::vector<int> first_, next_;  // chains of phrases sharing their first two characters
 };
 
-// The fixed phrases of the event tests, in the order of the Marker numbers.
+// The fixed phrases of the event tests, in the order of the Marker numbers,
+// then the ball-work phrases.
 enum Marker {
-    kVersus, kMinute, kSaves, kHomeSide, kDeflected, kWideOf, kOverTheBar, kChargedDown, kBooked, kSent, kScored, kHitThe, kIsFouledBy, kFouls, kFoulBy, kSetUpBy, kFormationAnd, kCurrentBlends, kAdjusted, kSubstitution, kFullTime, kFinishing, kLastTen, kBrokenDown, kAway, kAnalysis, kSubstitutionWord
+    kVersus, kMinute, kSaves, kHomeSide, kDeflected, kWideOf, kOverTheBar, kChargedDown, kBooked, kSent, kScored, kHitThe, kIsFouledBy, kFouls, kFoulBy, kSetUpBy, kFormationAnd, kCurrentBlends, kAdjusted, kSubstitution, kFullTime, kFinishing, kLastTen, kBrokenDown, kAway, kAnalysis, kSubstitutionWord,
+    kFirstBallWork
 };
+constexpr size_t kBallWorkPhrases = kBallWinPhrases.size() + kBallLossPhrases.size();
+static_assert(kFirstBallWork + kBallWorkPhrases <= 64, "one bit per phrase");
 
-const PhraseSet& lineMarkers() {
-    static const PhraseSet set({
-        " v ", " mins - ", " saves ", " (H", " deflected off ", " wide of ", " over the bar", " charged down ",
-        " has been booked", " has been SENT", " SCORED ", " HIT THE ", "is fouled by ", " fouls ", " foul by ",
-        "And set up by ", " formation and the ", "current blends are", "adjusted themselves", " SUBSTITUTION.",
-        "REFEREE BLOWS FOR FULL TIME", "Finishing Club statistics for", "Last ten minutes", "Broken down as",
-        " - away ", "ANALYSIS FOR SUBSTITUTION DID TAKE PLACE", "SUBSTITUTION."});
-    return set;
-}
-
-// The ball-work phrases upper-cased, wins first then losses.
-const PhraseSet& ballWorkPhrases() {
+// The markers match as written; the ball-work phrases, wins first then
+// losses, match in any case.
+const PhraseSet& linePhrases() {
     static const PhraseSet set = [] {
-        std::vector<std::string> all;
-        for (std::string_view p : kBallWinPhrases) all.push_back(upper(p));
-        for (std::string_view p : kBallLossPhrases) all.push_back(upper(p));
-        return PhraseSet(all);
+        std::vector<PhraseSet::Phrase> all;
+        for (const char* m :
+             {" v ", " mins - ", " saves ", " (H", " deflected off ", " wide of ", " over the bar", " charged down ",
+              " has been booked", " has been SENT", " SCORED ", " HIT THE ", "is fouled by ", " fouls ", " foul by ",
+              "And set up by ", " formation and the ", "current blends are", "adjusted themselves", " SUBSTITUTION.",
+              "REFEREE BLOWS FOR FULL TIME", "Finishing Club statistics for", "Last ten minutes", "Broken down as",
+              " - away ", "ANALYSIS FOR SUBSTITUTION DID TAKE PLACE", "SUBSTITUTION."})
+            all.push_back({m, false});
+        for (std::string_view p : kBallWinPhrases) all.push_back({std::string(p), true});
+        for (std::string_view p : kBallLossPhrases) all.push_back({std::string(p), true});
+        return PhraseSet(std::move(all));
     }();
     return set;
 }
@@ -110,7 +117,6 @@ struct BallWork {
 
 struct Side {
     std::string name, code, venue;
-    std::string upName;  // the name upper-cased, for the tests that ignore case
     int startFormation = 0, endFormation = 0, startTactic = 0, endTactic = 0;
     int64_t style = 0, movement = 0, shotsOn = 0, shotsOff = 0, performance = 0;
     std::string mom;
@@ -138,22 +144,25 @@ public:
 private:
     enum class End { Written, Duplicate, NewHeading, EndOfFile };
 
-    bool next(std::string& line) {
-        if (pos_ >= lines_.size()) return false;
-        line = lines_[pos_++];
-        return true;
+    // The next line, or null at the end of the file.
+    const std::string* next() { return pos_ < lines_.size() ? &lines_[pos_++] : nullptr; }
+    const std::string* nextHolding(std::string_view what) {
+        const std::string* line;
+        while ((line = next()) && !holds(*line, what)) {
+        }
+        return line;
     }
     void reset();
-    End parseMatch(std::string heading, std::string& newHeading);
+    End parseMatch(const std::string& heading, const std::string*& newHeading);
     bool headingLine(int number, const std::string& line);
     enum class Event { Next, NewHeading, Complete, EndOfFile };
-    Event event(std::string line);
+    Event event(const std::string& line);
     bool closingStatistics(int s);  // false at end of file
     void cutPlayerRow(int s, int row, const std::string& line);
     End write();
 
-    bool commentary(std::string_view line, std::string_view up, uint64_t markers) const;
-    void addComment(const std::string& line) {
+    bool commentary(std::string_view line, uint64_t markers) const;
+    void addComment(std::string_view line) {
         if (comments_.size() >= kMaxComments) comments_.clear();
         comments_.push_back(line);
     }
@@ -161,17 +170,18 @@ private:
     void addHeader(std::string_view text) { (header_ += text) += "\r\n"; }
     std::string momentHeading(std::string_view word, const std::string& club) const;
     void closeMoment(std::string_view word, const std::string& club);
-    void ballWork(const std::string& line, bool won);
+    void ballWork(std::string_view line, uint64_t phrases);
     void foulSide(std::string_view piece, bool setClub, std::string_view line);
 
     StatsStore& store_;
     const std::vector<std::string>& lines_;
     size_t pos_ = 0;
     std::vector<std::string> written_;
-    std::vector<std::string> comments_;
+    std::vector<std::string_view> comments_;  // lines of the file
 
     // One match.
     std::array<Side, 3> side_;  // 1 home, 2 away; 0 is where a booking with no foul before it goes
+    std::string homeComma_;     // the home side's name and a comma, which no commentary line holds
     int64_t attendance_ = 0;
     int gameType_ = 0, roundType_ = 0;
     int64_t minute_ = 0;
@@ -185,6 +195,7 @@ private:
 
 void Parser::reset() {
     side_ = {};
+    homeComma_.clear();
     attendance_ = 0;
     gameType_ = roundType_ = 0;
     minute_ = 0;
@@ -205,42 +216,35 @@ std::vector<std::string> Parser::run() {
         for (size_t i = 2; i < lines_.size(); ++i)
             if (lines_[i] == lines_[1]) again = i;
     pos_ = again ? again - 1 : 0;
-    std::string heading;
-    if (!next(heading)) return written_;
-    for (;;) {
-        std::string newHeading;
-        const End end = parseMatch(heading, newHeading);
+    const std::string* heading = next();
+    while (heading) {
+        const std::string* newHeading = nullptr;
+        const End end = parseMatch(*heading, newHeading);
         if (end == End::Duplicate || end == End::EndOfFile) break;
         if (end == End::NewHeading) {
             heading = newHeading;
             continue;
         }
-        bool found = false;
-        while (next(heading))
-            if (holds(heading, " v ")) {
-                found = true;
-                break;
-            }
-        if (!found) break;
+        do heading = next();
+        while (heading && !holds(*heading, " v "));
     }
     return written_;
 }
 
-Parser::End Parser::parseMatch(std::string heading, std::string& newHeading) {
+Parser::End Parser::parseMatch(const std::string& heading, const std::string*& newHeading) {
     reset();
     addHeader(heading);
     headingLine(1, heading);
     for (int n = 2; n <= 6; ++n) {
-        std::string line;
-        if (!next(line)) return End::EndOfFile;  // not even a whole heading: nothing to write
-        addHeader(line);
-        headingLine(n, line);
+        const std::string* line = next();
+        if (!line) return End::EndOfFile;  // not even a whole heading: nothing to write
+        addHeader(*line);
+        headingLine(n, *line);
     }
     addHeader("");
     addHeader("");
-    std::string line;
-    while (next(line)) {
-        const Event e = event(line);
+    while (const std::string* line = next()) {
+        const Event e = event(*line);
         if (e == Event::NewHeading) {
             newHeading = line;
             return End::NewHeading;
@@ -258,8 +262,7 @@ bool Parser::headingLine(int n, const std::string& line) {
         case 1: {
             side_[1].name = before(line, " v ");
             side_[2].name = midBetween(line, " v ", "");
-            side_[1].upName = upper(side_[1].name);
-            side_[2].upName = upper(side_[2].name);
+            homeComma_ = side_[1].name + ",";
             for (int s = 1; s <= 2; ++s) side_[size_t(s)].code = store_.clubs.codeFromName(side_[size_t(s)].name);
             side_[1].venue = "H";
             side_[2].venue = "A";
@@ -299,14 +302,15 @@ bool Parser::headingLine(int n, const std::string& line) {
     return true;
 }
 
-bool Parser::commentary(std::string_view line, std::string_view up, uint64_t markers) const {
+bool Parser::commentary(std::string_view line, uint64_t markers) const {
     constexpr uint64_t kNotCommentary = uint64_t(1) << kLastTen | uint64_t(1) << kBrokenDown | uint64_t(1) << kAway |
                                         uint64_t(1) << kMinute | uint64_t(1) << kAnalysis |
                                         uint64_t(1) << kCurrentBlends | uint64_t(1) << kSubstitutionWord |
                                         uint64_t(1) << kAdjusted;
     if (line.size() <= 3 || line[0] == '&' || line[0] == '-') return false;
     if (markers & kNotCommentary) return false;
-    return !holds(up, side_[1].upName + ",");
+    // Most lines have no comma at all, which rules the name out at once.
+    return line.find(',') == std::string_view::npos || !holdsNoCase(line, homeComma_);
 }
 
 std::string Parser::momentHeading(std::string_view word, const std::string& club) const {
@@ -319,24 +323,29 @@ void Parser::closeMoment(std::string_view word, const std::string& club) {
     addSummary(heading);
     addSummary(std::string(heading.size(), '-'));
     addSummary("");
-    for (const std::string& c : comments_) addSummary(c);
+    for (std::string_view c : comments_) addSummary(c);
     for (int i = 0; i < 3; ++i) addSummary("");
     comments_.clear();
 }
 
-void Parser::ballWork(const std::string& line, bool won) {
-    const std::string name = trim(before(line, " ("));
-    const std::string letter = trim(midBetween(line, "(", " "));
+// Bit i of `phrases` is ball-work phrase i; each counts once.
+void Parser::ballWork(std::string_view line, uint64_t phrases) {
+    const std::string_view name = trimView(markerView(line, "", " ("));
+    const std::string_view letter = trimView(markerView(line, "(", " "));
     const int s = letter == "H" ? 1 : letter == "A" ? 2 : holds(line, "(H") ? 1 : 2;
     std::vector<BallWork>& list = side_[size_t(s)].ballWork;
-    auto it = std::find_if(list.begin(), list.end(), [&](const BallWork& w) { return w.name == name; });
-    if (it == list.end()) {
-        if (list.size() >= kMaxBallWork) return;
-        list.push_back({name, 0, 0});
-        it = list.end() - 1;
+    for (size_t i = 0; i < kBallWorkPhrases; ++i) {
+        if (!((phrases >> i) & 1)) continue;
+        const bool won = i < kBallWinPhrases.size();
+        auto it = std::find_if(list.begin(), list.end(), [&](const BallWork& w) { return w.name == name; });
+        if (it == list.end()) {
+            if (list.size() >= kMaxBallWork) return;
+            list.push_back({std::string(name), 0, 0});
+            it = list.end() - 1;
+        }
+        it->attempts = std::min(255, it->attempts + 1);  // byte counters
+        if (won) it->success = std::min(255, it->success + 1);
     }
-    it->attempts = std::min(255, it->attempts + 1);  // byte counters
-    if (won) it->success = std::min(255, it->success + 1);
 }
 
 // The side of the player who fouled, from "(H" or "(A" behind his name.
@@ -354,15 +363,14 @@ void Parser::foulSide(std::string_view piece, bool setClub, std::string_view lin
     if (setClub) lastFoulClub_ = side_[size_t(s)].name;
 }
 
-Parser::Event Parser::event(std::string line) {
+Parser::Event Parser::event(const std::string& line) {
     Side& home = side_[1];
     Side& away = side_[2];
-    const std::string up = upper(line);
-    const uint64_t found = lineMarkers().scan(line);
+    const uint64_t found = linePhrases().scan(line);
     auto has = [found](Marker m) { return (found >> m) & 1; };
     // A. A new heading in mid-report: its right half is in capitals.
     if (has(kVersus) && !holds(line, "(")) {
-        const std::string after = line.substr(line.find(" v ") + 3);
+        const std::string_view after = std::string_view(line).substr(line.find(" v ") + 3);
         if (after == upper(after)) return Event::NewHeading;
     }
     // B. A minute line.
@@ -372,7 +380,7 @@ Parser::Event Parser::event(std::string line) {
         comments_.clear();
     }
     // C. Commentary, kept for the next moment.
-    if (commentary(line, up, found)) addComment(line);
+    if (commentary(line, found)) addComment(line);
     // D. A shot saved: " (H" names the home keeper, so the moment is the away side's.
     if (has(kSaves)) {
         Side& by = has(kHomeSide) ? away : home;
@@ -381,7 +389,7 @@ Parser::Event Parser::event(std::string line) {
     }
     // E. Any other shot; the side is told by the first 25 characters.
     if ((has(kDeflected) || has(kWideOf) || has(kOverTheBar) || has(kChargedDown)) && !has(kSaves)) {
-        Side& by = holds(line.substr(0, std::min<size_t>(25, line.size())), " (H") ? home : away;
+        Side& by = holds(std::string_view(line).substr(0, 25), " (H") ? home : away;
         ++by.otherShots;
         closeMoment(": SHOT", by.name);
     }
@@ -393,13 +401,12 @@ Parser::Event Parser::event(std::string line) {
         ++(kind == 0 ? counted.bookingCount : counted.sentOffCount);
         auto& list = kind == 0 ? side_[size_t(lastFoulSide_)].bookings : side_[size_t(lastFoulSide_)].sendingsOff;
         if (list.size() < kMaxBookings) list.push_back({before(line, marker), minute_});
-        std::string said;
-        if (next(said)) addComment(said);
+        if (const std::string* said = next()) addComment(*said);
         closeMoment(kind == 0 ? ": BOOKING" : ": SENDING OFF", lastFoulClub_);
     }
     // H. A goal, for the running score.
     if (has(kScored)) {
-        const bool isHome = holds(up, home.upName);
+        const bool isHome = holdsNoCase(line, home.name);
         ++(isHome ? homeGoals_ : awayGoals_);
         closeMoment(": GOAL", (isHome ? home : away).name);
     }
@@ -439,9 +446,7 @@ Parser::Event Parser::event(std::string line) {
         if (!by.goals.empty()) by.goals.back().assist = midBetween(line, "And set up by ", " which ");
     }
     // M, N. Ball work; a line with two phrases counts twice.
-    const uint64_t work = ballWorkPhrases().scan(up);
-    for (size_t i = 0; i < kBallWinPhrases.size() + kBallLossPhrases.size(); ++i)
-        if ((work >> i) & 1) ballWork(line, i < kBallWinPhrases.size());
+    if (const uint64_t work = found >> kFirstBallWork) ballWork(line, work);
     // O. A change of shape.
     if (has(kFormationAnd)) {
         const std::string who = before(line, " adjusted themselves");
@@ -463,31 +468,29 @@ Parser::Event Parser::event(std::string line) {
     // Q, R. Tactic changes and substitutions go to the summary with their next line.
     for (int kind = 0; kind < 2; ++kind) {
         if (!has(kind == 0 ? kAdjusted : kSubstitution)) continue;
-        const std::string& club = holds(up, home.upName) ? home.name : away.name;
+        const std::string& club = holdsNoCase(line, home.name) ? home.name : away.name;
         const std::string heading = momentHeading(kind == 0 ? ": TACTIC CHANGE" : ": SUBSTITUTION", club);
         addSummary(heading);
         addSummary(std::string(heading.size(), '-'));
         addSummary(line);
-        std::string said;
-        if (next(said)) addSummary(said);
+        if (const std::string* said = next()) addSummary(*said);
     }
     // S. After the final whistle everything goes to the summary up to the statistics.
+    const std::string* finishing = has(kFinishing) ? &line : nullptr;
     if (has(kFullTime)) {
-        std::string more;
-        bool reached = false;
-        while (next(more)) {
-            if (holds(more, "Finishing Club statistics for")) {
-                reached = true;
+        finishing = nullptr;
+        while (const std::string* more = next()) {
+            if (holds(*more, "Finishing Club statistics for")) {
+                finishing = more;
                 break;
             }
-            addSummary(more);
+            addSummary(*more);
         }
-        if (!reached) return Event::EndOfFile;
-        line = more;
+        if (!finishing) return Event::EndOfFile;
     }
     // T. A club's closing statistics.
-    if (holds(line, "Finishing Club statistics for")) {
-        const std::string club = trim(midBetween(line, "Finishing Club statistics for ", ""));
+    if (finishing) {
+        const std::string club = trim(midBetween(*finishing, "Finishing Club statistics for ", ""));
         const int s = !equalsNoCase(club, trim(home.name)) && equalsNoCase(club, trim(away.name)) ? 2 : 1;
         if (!closingStatistics(s)) return Event::EndOfFile;
         if (s == 2) return Event::Complete;
@@ -497,13 +500,10 @@ Parser::Event Parser::event(std::string line) {
 
 bool Parser::closingStatistics(int s) {
     Side& d = side_[size_t(s)];
-    std::string line;
-    do {
-        if (!next(line)) return false;
-    } while (!holds(line, "Start Blends"));
-    if (!next(line)) return false;
+    const std::string* line = nextHolding("Start Blends");
+    if (!line || !(line = next())) return false;
     // Cells are parted by runs of three blanks or more.
-    std::string rest = trim(line);
+    std::string rest = trim(*line);
     auto cell = [&rest]() {
         const size_t at = rest.find("   ");
         std::string c = rest.substr(0, at);
@@ -529,17 +529,15 @@ bool Parser::closingStatistics(int s) {
     d.shotsOff = number(cell());
     d.performance = number(cell());
 
-    do {
-        if (!next(line)) return false;
-    } while (!holds(line, "Player statistics for"));
-    d.mom = midBetween(line, "MAN OF THE MATCH - ", "(");
+    if (!(line = nextHolding("Player statistics for"))) return false;
+    d.mom = midBetween(*line, "MAN OF THE MATCH - ", "(");
 
     for (int row = 1; row <= kRows; ++row) {
         do {
-            if (!next(line)) return false;
-        } while (blank(line) || holds(line, "Pos/Skill"));
-        if (holds(line, "Finishing player strength")) continue;  // the row stays empty
-        cutPlayerRow(s, row, line);
+            if (!(line = next())) return false;
+        } while (blank(*line) || holds(*line, "Pos/Skill"));
+        if (holds(*line, "Finishing player strength")) continue;  // the row stays empty
+        cutPlayerRow(s, row, *line);
     }
     return true;
 }
