@@ -1,5 +1,6 @@
 // kestrin-cli: the program's logic driven from the command line, JSON out.
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -10,6 +11,7 @@
 #include "core/loader.h"
 #include "core/text.h"
 #include "files/loadturn.h"
+#include "files/mail.h"
 #include "files/news.h"
 #include "files/turnsheet.h"
 #include "orders/harvest.h"
@@ -30,6 +32,7 @@ constexpr const char* kUsage =
     "       kestrin-cli --game-dir DIR last-week CLUB\n"
     "       kestrin-cli --game-dir DIR refresh-stats\n"
     "       kestrin-cli --game-dir DIR honours CLUB\n"
+    "       kestrin-cli --game-dir DIR send-turnsheets [--dry-run]\n"
     "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n";
 
 int usage(const std::string& why = {}) {
@@ -417,6 +420,42 @@ int runHonours(const std::string& dir, const std::string& club) {
     return 0;
 }
 
+// Sends as the program does, with the password from the environment; a dry
+// run only prints the messages, from the Turnsheets as they are on disk.
+int runSendTurnsheets(const std::string& dir, bool dryRun) {
+    RecordingMessages messages;
+    Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) {
+        tellProblems(messages);
+        return 1;
+    }
+    if (dryRun) {
+        std::vector<MailMessage> mail;
+        try {
+            mail = turnsheetMessages(s);
+        } catch (const GameFileError& e) {
+            std::cerr << e.what() << "\n";
+            return 1;
+        }
+        nlohmann::ordered_json out = nlohmann::ordered_json::array();
+        for (const MailMessage& m : mail) out.push_back({{"To", u(m.To)}, {"Subject", u(m.Subject)}, {"Body", u(m.Body)}});
+        std::cout << out.dump(1) << "\n";
+        return 0;
+    }
+    MailOptions options;
+    if (const char* password = std::getenv("KESTRIN_SMTP_PASSWORD")) options.Password = password;
+    const std::optional<std::vector<MailMessage>> mail = prepareTurnsheetMail(s, messages);
+    const bool sent = mail && tellTurnsheetOutcome(s, *mail, sendMail(readMailSettings(s.Folder), *mail, options), messages);
+    if (!sent) {
+        tellProblems(messages);
+        return 1;
+    }
+    json subjects = json::array();
+    for (const MailMessage& m : *mail) subjects.push_back(u(m.Subject));
+    std::cout << json{{"Sent", subjects}, {"To", u(s.Game.AdminAddress)}}.dump(1) << "\n";
+    return 0;
+}
+
 int runDemo(const std::vector<std::string>& args) {
     if (args.size() < 2) return usage("demo needs a folder");
     DemoOptions o;
@@ -459,6 +498,8 @@ int main(int argc, char** argv) {
             if (cmd == "load-turn" && args.size() == 5) return runLoadTurn(dir, args[3], args[4]);
             if (cmd == "refresh-stats" && args.size() == 3) return runRefreshStats(dir);
             if (cmd == "honours" && args.size() == 4) return runHonours(dir, args[3]);
+            if (cmd == "send-turnsheets" && (args.size() == 3 || (args.size() == 4 && args[3] == "--dry-run")))
+                return runSendTurnsheets(dir, args.size() == 4);
             return usage("unknown command: " + cmd);
         }
         if (args[0] == "demo") {

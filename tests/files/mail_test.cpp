@@ -1,0 +1,666 @@
+#include <gtest/gtest.h>
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <regex>
+#include <set>
+#include <thread>
+
+#include "core/clubview.h"
+#include "core/gamefolder.h"
+#include "core/text.h"
+#include "files/mail.h"
+#include "files/turnsheet.h"
+#include "orders/playerdetails.h"
+#include "support/testsupport.h"
+
+extern char** environ;
+
+using namespace kestrin;
+using kestrin::test::TempDir;
+namespace fs = std::filesystem;
+
+namespace {
+
+// The server of the tests: aiosmtpd on 127.0.0.1, on a port the system picks.
+// It saves each message's bytes (msgNNN.eml) and envelope (msgNNN.env: sender,
+// then recipients, a line each) and counts connections.
+constexpr const char* kServerScript = R"PY(
+import argparse, asyncio, os, socket, ssl, warnings
+warnings.simplefilter('ignore')
+from aiosmtpd.smtp import SMTP, AuthResult, LoginPassword
+
+ap = argparse.ArgumentParser()
+ap.add_argument('--dir'); ap.add_argument('--mode', default='plain')
+ap.add_argument('--user'); ap.add_argument('--password')
+ap.add_argument('--cert'); ap.add_argument('--key')
+ap.add_argument('--reject', action='append', default=[])
+a = ap.parse_args()
+count = 0
+connections = 0
+
+class Saver:
+    async def handle_RCPT(self, server, session, envelope, address, rcpt_options):
+        if address in a.reject:
+            return '550 5.1.1 No such user here'
+        envelope.rcpt_tos.append(address)
+        return '250 OK'
+    async def handle_DATA(self, server, session, envelope):
+        global count
+        count += 1
+        base = os.path.join(a.dir, 'msg%03d' % count)
+        with open(base + '.env', 'w') as f:
+            f.write('\n'.join([envelope.mail_from] + envelope.rcpt_tos))
+        with open(base + '.eml', 'wb') as f:
+            f.write(envelope.original_content)
+        return '250 Message accepted for delivery'
+
+def check(server, session, envelope, mechanism, data):
+    ok = isinstance(data, LoginPassword) and data.login == a.user.encode() and data.password == a.password.encode()
+    return AuthResult(success=ok, handled=False)
+
+ctx = None
+if a.cert:
+    ctx = ssl.create_default_context(ssl.Purpose.CLIENT_AUTH)
+    ctx.load_cert_chain(a.cert, a.key)
+
+def factory():
+    global connections
+    connections += 1
+    with open(os.path.join(a.dir, 'connections'), 'w') as f:
+        f.write(str(connections))
+    kw = {}
+    if a.user:
+        kw.update(authenticator=check, auth_required=True, auth_require_tls=(a.mode == 'starttls'))
+    if a.mode == 'starttls':
+        kw.update(tls_context=ctx, require_starttls=True)
+    return SMTP(Saver(), hostname='localhost', **kw)
+
+loop = asyncio.new_event_loop()
+asyncio.set_event_loop(loop)
+sock = socket.socket()
+sock.bind(('127.0.0.1', 0))
+sock.listen(8)
+loop.run_until_complete(loop.create_server(factory, sock=sock, ssl=ctx if a.mode == 'tls' else None))
+with open(os.path.join(a.dir, 'port.tmp'), 'w') as f:
+    f.write(str(sock.getsockname()[1]))
+os.rename(os.path.join(a.dir, 'port.tmp'), os.path.join(a.dir, 'port'))
+loop.run_forever()
+)PY";
+
+std::string python() { return fs::exists("/usr/bin/python3") ? "/usr/bin/python3" : "python3"; }
+
+// Starts a program with its output going to a log file, not the test's.
+pid_t spawn(const std::vector<std::string>& args, const fs::path& log) {
+    std::vector<char*> argv;
+    for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 1, log.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
+    posix_spawn_file_actions_adddup2(&actions, 1, 2);
+    pid_t pid = 0;
+    if (posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), environ) != 0) pid = 0;
+    posix_spawn_file_actions_destroy(&actions);
+    return pid;
+}
+
+bool waitFor(const std::function<bool()>& ready, std::chrono::milliseconds limit) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (std::chrono::steady_clock::now() < end) {
+        if (ready()) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return ready();
+}
+
+// A certificate for 127.0.0.1 and localhost, made once for every test.
+struct Certificate {
+    TempDir dir;
+    fs::path cert = dir.path() / "cert.pem";
+    fs::path key = dir.path() / "key.pem";
+    Certificate() {
+        const pid_t pid = spawn({"openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
+                                 "-nodes", "-days", "2", "-subj", "/CN=localhost", "-addext",
+                                 "subjectAltName=DNS:localhost,IP:127.0.0.1", "-keyout", key.string(), "-out",
+                                 cert.string()},
+                                dir.path() / "openssl.log");
+        int status = 0;
+        if (pid) waitpid(pid, &status, 0);
+    }
+};
+const Certificate& certificate() {
+    static Certificate c;
+    return c;
+}
+
+struct Received {
+    std::string from;
+    std::vector<std::string> to;
+    std::string headers;  // as sent, CR LF between them
+    std::string body;
+    // The value with its folded lines, CR LF kept.
+    std::string header(const std::string& name) const {
+        const std::vector<std::string> lines = splitLines(headers);
+        for (size_t i = 0; i < lines.size(); ++i) {
+            if (!startsWithNoCase(lines[i], name + ": ")) continue;
+            std::string value = lines[i].substr(name.size() + 2);
+            while (i + 1 < lines.size() && startsWith(lines[i + 1], " ")) value += "\r\n" + lines[++i];
+            return value;
+        }
+        return "(none)";
+    }
+};
+
+struct ServerOptions {
+    std::string mode = "plain";  // plain, starttls, tls
+    std::string user, password;
+    std::vector<std::string> reject;
+};
+
+class SmtpServer {
+public:
+    explicit SmtpServer(const ServerOptions& o = {}) {
+        dir_.write("server.py", kServerScript);
+        std::vector<std::string> args = {python(), (dir_.path() / "server.py").string(), "--dir", dir_.path().string(),
+                                         "--mode", o.mode};
+        if (!o.user.empty()) args.insert(args.end(), {"--user", o.user, "--password", o.password});
+        if (o.mode != "plain")
+            args.insert(args.end(), {"--cert", certificate().cert.string(), "--key", certificate().key.string()});
+        for (const std::string& r : o.reject) args.insert(args.end(), {"--reject", r});
+        pid_ = spawn(args, dir_.path() / "server.log");
+        if (pid_ && waitFor([&] { return fs::exists(dir_.path() / "port"); }, std::chrono::seconds(10)))
+            port_ = std::stoi(dir_.read("port"));
+    }
+    ~SmtpServer() {
+        if (!pid_) return;
+        kill(pid_, SIGTERM);
+        int status = 0;
+        waitpid(pid_, &status, 0);
+    }
+    int port() const { return port_; }
+    int connections() const {
+        const std::string n = dir_.read("connections");
+        return n.empty() ? 0 : std::stoi(n);
+    }
+    std::vector<Received> messages() const {
+        std::vector<Received> out;
+        for (int i = 1;; ++i) {
+            char name[32];
+            std::snprintf(name, sizeof name, "msg%03d", i);
+            if (!fs::exists(dir_.path() / (std::string(name) + ".eml"))) break;
+            Received r;
+            const std::vector<std::string> env = splitLines(dir_.read(std::string(name) + ".env"));
+            if (!env.empty()) r.from = env[0], r.to.assign(env.begin() + 1, env.end());
+            const std::string raw = dir_.read(std::string(name) + ".eml");
+            const size_t split = raw.find("\r\n\r\n");
+            r.headers = raw.substr(0, split);
+            r.body = split == std::string::npos ? std::string() : raw.substr(split + 4);
+            out.push_back(std::move(r));
+        }
+        return out;
+    }
+    MailSettings settings(MailSecurity security = MailSecurity::None) const {
+        MailSettings s;
+        s.Server = "127.0.0.1";
+        s.Port = port_;
+        s.Security = security;
+        s.Sender = "manager@club.example";
+        return s;
+    }
+
+private:
+    TempDir dir_;
+    pid_t pid_ = 0;
+    int port_ = 0;
+};
+
+// Accepts connections into its backlog and never says a word.
+class SilentServer {
+public:
+    SilentServer() {
+        fd_ = socket(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in a{};
+        a.sin_family = AF_INET;
+        a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t len = sizeof a;
+        if (bind(fd_, reinterpret_cast<sockaddr*>(&a), len) == 0 && listen(fd_, 4) == 0 &&
+            getsockname(fd_, reinterpret_cast<sockaddr*>(&a), &len) == 0)
+            port_ = ntohs(a.sin_port);
+    }
+    ~SilentServer() { close(fd_); }
+    int port() const { return port_; }
+
+private:
+    int fd_ = -1;
+    int port_ = 0;
+};
+
+// A port on which nothing listens: one the system gave and took back.
+int closedPort() {
+    SilentServer s;
+    return s.port();
+}
+
+MailOptions quick() {
+    MailOptions o;
+    o.ConnectTimeoutSeconds = 3;
+    o.TimeoutSeconds = 3;
+    return o;
+}
+
+// A small game folder of two clubs with nothing left incomplete.
+Session twoClubs(const fs::path& folder) {
+    Session s;
+    s.Folder = GameFolder(folder);
+    s.Game.GameName = "Kestrin Cup";
+    s.Game.AdminAddress = "admin@league.example";
+    for (const char* name : {"Ashford Athletic", "Bramley Town"}) {
+        Club c;
+        c.Name = name;
+        c.ClubFile = std::string(name).substr(0, 3);
+        c.LeagueNumber = "Division 2";
+        c.Fixtures.resize(1);  // "No scheduled matches for next week": nothing incomplete
+        c.FixtureCount = 1;
+        s.Clubs.push_back(c);
+    }
+    return s;
+}
+
+// What a saved Turnsheet file becomes in the mail body: its first line,
+// "League Number", gone, and a blank added; the line end that closes every
+// message follows.
+std::string expectedBody(const std::string& fileBytes) {
+    const std::string label = "League Number\r\n";
+    EXPECT_EQ(fileBytes.substr(0, label.size()), label);
+    return cp1252ToUtf8(fileBytes.substr(label.size())) + " \r\n";
+}
+
+std::string lastShown(const RecordingMessages& m) {
+    const auto all = test::shown(m);
+    return all.empty() ? std::string() : all.back();
+}
+
+// ---- The messages built ------------------------------------------------------
+
+TEST(MailMessages, TurnsheetsBecomeMessagesOfTheirFiles) {
+    TempDir dir;
+    Session s;
+    s.Folder = GameFolder(dir.path());
+    s.Game.GameName = "Kestrin Cup";
+    s.Game.AdminAddress = "admin@league.example";
+    // Listed without regard to case: a.txt before B.txt before c.txt.
+    dir.write("Turnsheet/B.txt", "League Number\r\nDivision 3\r\nBetting:\r\n\r\nMatch Number:\r\n 1 \r\nClub Name:\r\n"
+                                 "Bramley Town\r\nPassword:\r\n\r\nClub Name:\r\nBramley Town\r\n");
+    dir.write("Turnsheet/a.txt", "Betting:\nHome win\n");  // a file of a club no longer managed
+    dir.write("Turnsheet/c.txt", "Club Name:\r\nCaldwell\r\nLeague Number\r\n2\r\n");
+    dir.write("Turnsheet/notes.doc", "not a Turnsheet");
+
+    const std::vector<MailMessage> got = turnsheetMessages(s);
+    const std::vector<MailMessage> want = {
+        {"admin@league.example", "Kestrin Cup Turnsheet", "Betting:\r\nHome win\r\n "},
+        {"admin@league.example", "Division 3 - Kestrin Cup Turnsheet For Bramley Town",
+         "Division 3\r\nBetting:\r\n\r\nMatch Number:\r\n 1 \r\nClub Name:\r\nBramley Town\r\nPassword:\r\n\r\n"
+         "Club Name:\r\nBramley Town\r\n "},
+        // The subject takes the league number known when "Club Name:" is met.
+        {"admin@league.example", " - Kestrin Cup Turnsheet For Caldwell", "Club Name:\r\nCaldwell\r\n2\r\n "},
+    };
+    EXPECT_EQ(got, want);
+}
+
+TEST(MailMessages, NoTurnsheetSendsNothingAndStillSaysSent) {
+    TempDir dir;
+    Session s;
+    s.Folder = GameFolder(dir.path());
+    s.Game.GameName = "Kestrin Cup";
+    RecordingMessages m;
+    // No mail server is set up, which doesn't matter when there is nothing to send.
+    EXPECT_TRUE(sendTurnsheets(s, MailSettings{}, quick(), m));
+    EXPECT_EQ(test::shown(m), std::vector<std::string>{"Inform|Turnsheet sent|Turnsheet Sent OK"});
+}
+
+TEST(MailMessages, BytesOfAMessage) {
+    MailSettings settings;
+    settings.Sender = "manager@club.example";
+    const std::string date = "Tue, 05 Mar 2024 14:03:09 +0100";
+    const std::string id = "<1.2@club.example>";
+    auto head = [&](const std::string& to, const std::string& subject, const std::string& encoding) {
+        return "Date: " + date + "\r\nFrom: manager@club.example\r\nTo: " + to + "\r\nSubject: " + subject +
+               "\r\nMessage-ID: " + id +
+               "\r\nMIME-Version: 1.0\r\nContent-Type: text/plain; charset=utf-8\r\nContent-Transfer-Encoding: " +
+               encoding + "\r\n\r\n";
+    };
+    const std::string longLine(1000, 'x');
+    std::string longLineEncoded;  // soft breaks after 75 characters
+    for (int i = 0; i < 13; ++i) longLineEncoded += std::string(75, 'x') + "=\r\n";
+    longLineEncoded += std::string(25, 'x') + "=3D\r\n";
+    struct Case {
+        const char* why;
+        MailMessage message;
+        std::string bytes;
+    };
+    const Case cases[] = {
+        {"plain ASCII", {"a@x.example", "Turnsheet", "Line one\r\n "}, head("a@x.example", "Turnsheet", "7bit") + "Line one\r\n \r\n"},
+        {"several recipients, loose line ends",
+         {"a@x.example; b@y.example", "Hi", "one\ntwo\rthree"},
+         head("a@x.example, b@y.example", "Hi", "7bit") + "one\r\ntwo\r\nthree\r\n"},
+        {"Windows-1252 text goes out as UTF-8",
+         {"a@x.example", "Caf\xE9", "Jos\xE9 \x80 5\r\n"},
+         head("a@x.example", "=?UTF-8?B?Q2Fmw6k=?=", "8bit") + "Jos\xC3\xA9 \xE2\x82\xAC 5\r\n"},
+        {"a line too long for SMTP", {"a@x.example", "Long", longLine + "=\r\n"},
+         head("a@x.example", "Long", "quoted-printable") + longLineEncoded},
+        {"a subject can't add headers", {"a@x.example", "Hi\r\nBcc: c@z.example", "x"},
+         head("a@x.example", "Hi  Bcc: c@z.example", "7bit") + "x\r\n"},
+    };
+    for (const Case& c : cases) EXPECT_EQ(mailMessageBytes(settings, c.message, date, id), c.bytes) << c.why;
+}
+
+TEST(MailMessages, LongSubjectIsCutIntoEncodedWordsOnCharacterBoundaries) {
+    MailSettings settings;
+    settings.Sender = "m@x.example";
+    const std::string subject(40, '\xE9');  // 80 bytes of UTF-8
+    const std::string bytes = mailMessageBytes(settings, {"a@x.example", subject, ""}, "D", "<i@x>");
+    const size_t from = bytes.find("Subject: ") + 9;
+    const std::string header = bytes.substr(from, bytes.find("\r\nMessage-ID") - from);
+    // 22 characters (44 bytes) fit the first word, the other 18 the second.
+    EXPECT_EQ(header, "=?UTF-8?B?w6nDqcOpw6nDqcOpw6nDqcOpw6nDqcOpw6nDqcOpw6nDqcOpw6nDqcOpw6k=?=\r\n =?UTF-8?B?w6nDqcOpw6nDqcOpw6nDqcOpw6nDqcOpw6nDqcOpw6nDqcOp?=");
+    for (const std::string& line : splitLines(header)) EXPECT_LE(line.size(), 76u);
+}
+
+// ---- mail.ini -------------------------------------------------------------
+
+TEST(MailSettingsFile, WrittenAndReadBack) {
+    TempDir dir;
+    GameFolder folder(dir.path());
+    const MailSettings none = readMailSettings(folder);
+    EXPECT_FALSE(none.configured());
+    EXPECT_EQ(none, MailSettings{});
+
+    MailSettings s;
+    s.Server = "smtp.club.example";
+    s.Port = 465;
+    s.Security = MailSecurity::Tls;
+    s.User = "manager";
+    s.Sender = "manager@club.example";
+    writeMailSettings(folder, s);
+    EXPECT_EQ(dir.read("mail.ini"), "[Mail]\r\nServer=smtp.club.example\r\nPort=465\r\nSecurity=TLS\r\nUser=manager\r\n"
+                                    "Sender=manager@club.example\r\n");
+    EXPECT_EQ(readMailSettings(folder), s);
+    EXPECT_TRUE(readMailSettings(folder).configured());
+
+    // A hand-edited file: no port takes the usual one of its security, an
+    // unknown security the safe one.
+    fs::remove(dir.path() / "mail.ini");
+    dir.write("MAIL.INI", "Server = mx.local\nSecurity=none\nPort=abc\nColour=blue\n");
+    MailSettings edited = readMailSettings(folder);
+    EXPECT_EQ(edited.Server, "mx.local");
+    EXPECT_EQ(edited.Security, MailSecurity::None);
+    EXPECT_EQ(edited.Port, 25);
+    dir.write("MAIL.INI", "Security=sometimes\n");
+    EXPECT_EQ(readMailSettings(folder).Security, MailSecurity::StartTls);
+    EXPECT_EQ(readMailSettings(folder).Port, 587);
+}
+
+// ---- Against a real server ---------------------------------------------------
+
+TEST(MailServer, EveryTurnsheetOfTheDemoLeagueArrivesAsSaved) {
+    TempDir game;
+    makeDemoLeague(game.path(), test::smallDemo(5));
+    Session s = test::loadQuietly(game.path());
+    ASSERT_GE(s.ClubCount(), 2);
+    game.write("Turnsheet/zz-gone.txt", "Betting:\r\n\r\n");  // left by a club no longer managed
+    SmtpServer server;
+    ASSERT_NE(server.port(), 0);
+
+    RecordingMessages m;
+    std::vector<std::pair<size_t, size_t>> steps;
+    MailOptions o = quick();
+    o.Progress = [&](size_t done, size_t total) { steps.emplace_back(done, total); };
+    ASSERT_TRUE(sendTurnsheets(s, server.settings(), o, m)) << lastShown(m);
+    EXPECT_EQ(lastShown(m), "Inform|Turnsheet sent|Turnsheet Sent OK");
+
+    const std::vector<std::string> files = s.Folder.list("Turnsheet", "*.txt");
+    ASSERT_EQ(files.size(), size_t(s.ClubCount()) + 1);
+    const std::vector<Received> got = server.messages();
+    ASSERT_EQ(got.size(), files.size());
+    EXPECT_EQ(server.connections(), 1);
+    EXPECT_EQ(steps.size(), files.size() + 1);
+    EXPECT_EQ(steps.back(), std::make_pair(files.size(), files.size()));
+
+    const std::regex date(R"((Mon|Tue|Wed|Thu|Fri|Sat|Sun), \d\d (Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec) \d{4} \d\d:\d\d:\d\d [+-]\d{4})");
+    std::set<std::string> ids;
+    for (size_t i = 0; i < files.size(); ++i) {
+        const std::string bytes = game.read("Turnsheet/" + files[i]);
+        const Received& r = got[i];
+        SCOPED_TRACE(files[i]);
+        EXPECT_EQ(r.from, "manager@club.example");
+        EXPECT_EQ(r.to, std::vector<std::string>{s.Game.AdminAddress});
+        EXPECT_EQ(r.header("To"), s.Game.AdminAddress);
+        EXPECT_EQ(r.header("From"), "manager@club.example");
+        EXPECT_EQ(r.header("Content-Type"), "text/plain; charset=utf-8");
+        EXPECT_TRUE(std::regex_match(r.header("Date"), date)) << r.header("Date");
+        ids.insert(r.header("Message-ID"));
+        if (files[i] == "zz-gone.txt") {
+            EXPECT_EQ(r.header("Subject"), s.Game.GameName + " Turnsheet");
+            EXPECT_EQ(r.body, "Betting:\r\n\r\n \r\n");
+            continue;
+        }
+        const Club* club = nullptr;
+        for (const Club& c : s.Clubs)
+            if (turnsheetPath(s, c).filename() == files[i]) club = &c;
+        ASSERT_NE(club, nullptr);
+        EXPECT_EQ(bytes, turnsheetText(*club));  // saved before sending
+        EXPECT_EQ(r.header("Subject"), club->LeagueNumber + " - " + s.Game.GameName + " Turnsheet For " + club->Name);
+        EXPECT_EQ(r.body, expectedBody(bytes));
+    }
+    EXPECT_EQ(ids.size(), files.size());
+}
+
+// Login and encryption that work, and each way a send can fail: the failing
+// message and the reason are told, and the Turnsheets stay saved.
+TEST(MailServer, LoginEncryptionAndFailures) {
+    struct Case {
+        const char* why;
+        ServerOptions server;
+        MailSecurity security;
+        std::string user, password;
+        bool trustCertificate;
+        bool serverUp;
+        std::string told;  // "" when sent
+    };
+    const std::vector<Case> cases = {
+        {"login", {"plain", "coach", "s3cret!", {}}, MailSecurity::None, "coach", "s3cret!", false, true, ""},
+        {"STARTTLS and login", {"starttls", "coach", "s3cret!", {}}, MailSecurity::StartTls, "coach", "s3cret!", true, true, ""},
+        {"TLS from the start", {"tls", "", "", {}}, MailSecurity::Tls, "", "", true, true, ""},
+        {"wrong password", {"plain", "coach", "s3cret!", {}}, MailSecurity::None, "coach", "guess", false, true,
+         "could not be sent: the mail server refused the login of \"coach\"; check the user name and the password"},
+        {"refused recipient", {"plain", "", "", {"admin@league.example"}}, MailSecurity::None, "", "", false, true,
+         "could not be sent: the mail server refused the recipient admin@league.example"},
+        {"certificate not trusted", {"starttls", "", "", {}}, MailSecurity::StartTls, "", "", false, true,
+         "could not be sent: the certificate of the mail server at 127.0.0.1"},
+        {"no server", {}, MailSecurity::None, "", "", false, false, "could not be sent: no mail server answered at 127.0.0.1"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.why);
+        TempDir game;
+        Session s = twoClubs(game.path());
+        std::unique_ptr<SmtpServer> server;
+        MailSettings settings;
+        if (c.serverUp) {
+            server = std::make_unique<SmtpServer>(c.server);
+            ASSERT_NE(server->port(), 0);
+            settings = server->settings(c.security);
+        } else {
+            settings = SmtpServer(c.server).settings(c.security);
+            settings.Port = closedPort();
+        }
+        settings.User = c.user;
+        if (c.trustCertificate) settings.CaFile = certificate().cert.string();
+        MailOptions o = quick();
+        o.Password = c.password;
+        RecordingMessages m;
+        const bool sent = sendTurnsheets(s, settings, o, m);
+        EXPECT_EQ(sent, c.told.empty());
+        for (const Club& club : s.Clubs) EXPECT_EQ(readFileBytes(turnsheetPath(s, club)), turnsheetText(club));
+        if (c.told.empty()) {
+            EXPECT_EQ(lastShown(m), "Inform|Turnsheet sent|Turnsheet Sent OK");
+            EXPECT_EQ(server->messages().size(), 2u);
+            continue;
+        }
+        const std::string folder = (game.path() / "Turnsheet").string();
+        EXPECT_EQ(lastShown(m).rfind(
+                      "Refuse|Turnsheet not sent|The turnsheet \"Division 2 - Kestrin Cup Turnsheet For Ashford Athletic\" (1 of 2, ",
+                      0),
+                  0u);
+        EXPECT_NE(lastShown(m).find("to admin@league.example) " + c.told), std::string::npos) << lastShown(m);
+        EXPECT_NE(lastShown(m).find("None of the turnsheets went out.\r\n\r\nYour turnsheets have been saved in the folder " +
+                                    folder + "."),
+                  std::string::npos)
+            << lastShown(m);
+        if (server) {
+            EXPECT_TRUE(server->messages().empty());
+        }
+    }
+}
+
+TEST(MailServer, SilentServerTimesOutAndCancelStops) {
+    SilentServer silent;
+    ASSERT_NE(silent.port(), 0);
+    MailSettings settings;
+    settings.Server = "127.0.0.1";
+    settings.Port = silent.port();
+    settings.Security = MailSecurity::None;
+    settings.Sender = "manager@club.example";
+    const std::vector<MailMessage> mail = {{"admin@league.example", "S", "B"}};
+
+    MailOptions o;
+    o.ConnectTimeoutSeconds = 2;
+    o.TimeoutSeconds = 2;
+    auto start = std::chrono::steady_clock::now();
+    MailOutcome out = sendMail(settings, mail, o);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(6));
+    EXPECT_EQ(out.Status, MailStatus::Failed);
+    EXPECT_EQ(out.Reason.rfind("the mail server at 127.0.0.1 (port " + std::to_string(silent.port()) +
+                                   ") did not answer in time",
+                               0),
+              0u)
+        << out.Reason;
+
+    // The cancel flag of the screen's Cancel button, pressed while waiting.
+    std::atomic<bool> cancel{false};
+    o.ConnectTimeoutSeconds = o.TimeoutSeconds = 30;
+    o.Cancel = &cancel;
+    std::thread press([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        cancel = true;
+    });
+    start = std::chrono::steady_clock::now();
+    out = sendMail(settings, mail, o);
+    press.join();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+    EXPECT_EQ(out.Status, MailStatus::Cancelled);
+    EXPECT_EQ(out.SentCount, 0u);
+}
+
+TEST(MailServer, NoEncryptionOnlyOnThisMachine) {
+    struct Case {
+        const char* server;
+        bool local;
+    };
+    const Case cases[] = {{"localhost", true},           {"127.0.0.1", true},  {"::1", true},
+                          {"LocalHost", true},           {"127.0.0.2", false}, {"mail.example.org", false},
+                          {"localhost.example.org", false}, {"10.0.0.1", false}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(isLocalServer(c.server), c.local) << c.server;
+        if (c.local) continue;
+        MailSettings settings;
+        settings.Server = c.server;
+        settings.Port = 25;
+        settings.Security = MailSecurity::None;
+        settings.Sender = "manager@club.example";
+        const auto start = std::chrono::steady_clock::now();
+        const MailOutcome out = sendMail(settings, {{"admin@league.example", "S", "B"}}, quick());
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
+        EXPECT_EQ(out.Status, MailStatus::Refused) << c.server;
+        EXPECT_EQ(out.Reason, "the mail settings ask for no encryption, which is allowed only for a server on this "
+                              "machine, not for " + std::string(c.server));
+    }
+
+    TempDir game;
+    Session s = twoClubs(game.path());
+    MailSettings settings;
+    settings.Server = "mail.example.org";
+    settings.Security = MailSecurity::None;
+    settings.Sender = "manager@club.example";
+    RecordingMessages m;
+    EXPECT_FALSE(sendTurnsheets(s, settings, quick(), m));
+    EXPECT_EQ(lastShown(m),
+              "Refuse|Turnsheet not sent|The turnsheets were not sent: the mail settings ask for no encryption, which is "
+              "allowed only for a server on this machine, not for mail.example.org.\r\n\r\nYour turnsheets have been "
+              "saved in the folder " + (game.path() / "Turnsheet").string() +
+                  ". Check the mail settings and send again, or send them to admin@league.example yourself.");
+    EXPECT_TRUE(fs::exists(turnsheetPath(s, s.Clubs[0])));
+}
+
+TEST(MailServer, PlayerDetailsToOneManagerOrAll) {
+    SmtpServer server;
+    ASSERT_NE(server.port(), 0);
+    TempDir game;
+    Session s = twoClubs(game.path());
+    s.ManagerList = {{"Ann Boss", "ann@a.example"}, {"No Mail", "none"}, {"Bob Gaffer", "bob@b.example"}};
+    Club club = s.Clubs[0];
+    Player p;
+    p.Name = "Jos\xE9 Cruz";
+    const std::string text = createDetails(club, p);
+    struct Case {
+        std::string choice;
+        std::vector<std::string> envelope;
+        std::string told;
+    };
+    const Case cases[] = {
+        {"Ann Boss", {"ann@a.example"}, "Inform|Email sent|Player Details e-mail Sent OK to Ann Boss"},
+        {"(All Managers)", {"ann@a.example", "bob@b.example"}, "Inform|Email sent|Player Details e-mail Sent OK to (All Managers)"},
+        {"", {}, "Refuse|No manager selected|Please choose who you want to email the details to"},
+        {"No Mail", {}, "Refuse|Problem in emailing file|" + std::string(kDetailsNotSentText) +
+                            "\r\n\r\nThe manager list holds no e-mail address for No Mail."},
+    };
+    size_t arrived = 0;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.choice);
+        RecordingMessages m;
+        EXPECT_EQ(sendPlayerDetails(s, club, p, c.choice, text, server.settings(), quick(), m), !c.envelope.empty());
+        EXPECT_EQ(test::shown(m), std::vector<std::string>{c.told});
+        const std::vector<Received> got = server.messages();
+        if (c.envelope.empty()) {
+            EXPECT_EQ(got.size(), arrived);
+            continue;
+        }
+        ASSERT_EQ(got.size(), ++arrived);
+        EXPECT_EQ(got.back().to, c.envelope);
+        EXPECT_EQ(got.back().header("Subject"),
+                  "=?UTF-8?B?UGxheWVyIERldGFpbHMgZnJvbSBBc2hmb3JkIEF0aGxldGljIEpvc8OpIENy?=\r\n =?UTF-8?B?dXo=?=");
+        EXPECT_EQ(got.back().body, cp1252ToUtf8(text));
+    }
+
+    // A server that refuses the address: the game's words, then the reason.
+    SmtpServer refusing({"plain", "", "", {"ann@a.example"}});
+    RecordingMessages m;
+    EXPECT_FALSE(sendPlayerDetails(s, club, p, "Ann Boss", text, refusing.settings(), quick(), m));
+    EXPECT_EQ(lastShown(m).rfind("Refuse|Problem in emailing file|" + std::string(kDetailsNotSentText) +
+                                     "\r\n\r\nThe reason: the mail server refused the recipient ann@a.example",
+                                 0),
+              0u)
+        << lastShown(m);
+}
+
+}  // namespace
