@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 
 #include "core/errors.h"
@@ -56,8 +57,17 @@ size_t findNoCase(std::string_view hay, std::string_view needle, size_t from) {
     if (needle.empty()) return from;
     if (needle.size() > hay.size()) return std::string::npos;
     const char first = lowerAscii(needle[0]);
-    for (size_t i = from; i + needle.size() <= hay.size(); ++i) {
-        if (lowerAscii(hay[i]) != first) continue;
+    // A first character without case, as in " (" or ", ", is looked for by memchr.
+    const bool caseless = first == upperAscii(first);
+    const size_t last = hay.size() - needle.size();  // the last place a match can begin
+    for (size_t i = from; i <= last; ++i) {
+        if (caseless) {
+            const void* at = std::memchr(hay.data() + i, first, last - i + 1);
+            if (!at) return std::string::npos;
+            i = size_t(static_cast<const char*>(at) - hay.data());
+        } else if (lowerAscii(hay[i]) != first) {
+            continue;
+        }
         size_t k = 1;
         while (k < needle.size() && lowerAscii(hay[i + k]) == lowerAscii(needle[k])) ++k;
         if (k == needle.size()) return i;

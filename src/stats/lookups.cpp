@@ -81,6 +81,17 @@ const std::array<std::string_view, 4> kBallLossPhrases = {
     " forced back after great pressure from "};
 
 int64_t wholeNumber(std::string_view text) {
+    // A whole number of up to 15 figures, the most the files hold, is what
+    // val would give exactly; only the rest needs its reading of decimals.
+    size_t i = 0;
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
+    const bool negative = i < text.size() && text[i] == '-';
+    if (i < text.size() && (text[i] == '-' || text[i] == '+')) ++i;
+    const size_t first = i;
+    int64_t whole = 0;
+    while (i < text.size() && i - first < 15 && text[i] >= '0' && text[i] <= '9') whole = whole * 10 + (text[i++] - '0');
+    const bool more = i < text.size() && ((text[i] >= '0' && text[i] <= '9') || text[i] == '.');
+    if (i > first && !more) return negative ? -whole : whole;
     constexpr double kLimit = 1e15;
     return roundHalfEven(std::clamp(val(text), -kLimit, kLimit));
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 #include "core/text.h"
@@ -32,7 +33,10 @@ public:
     };
     explicit PhraseSet(std::vector<Phrase> phrases) : phrases_(std::move(phrases)), first_(65536, -1) {
         for (size_t i = 0; i < phrases_.size(); ++i) {
-            const size_t key = keyAt(phrases_[i].text, 0);
+            Phrase& p = phrases_[i];
+            if (p.ignoreCase)
+                for (char& c : p.text) c = char(fold(c));
+            const size_t key = size_t(fold(p.text[0])) << 8 | fold(p.text[1]);
             next_.push_back(first_[key]);
             first_[key] = int(i);
         }
@@ -40,20 +44,32 @@ public:
     // Bit i is set when phrase i occurs in the text.
     uint64_t scan(std::string_view text) const {
         uint64_t found = 0;
-        for (size_t at = 0; at + 1 < text.size(); ++at)
-            for (int i = first_[keyAt(text, at)]; i >= 0; i = next_[size_t(i)]) {
-                const Phrase& p = phrases_[size_t(i)];
-                if (p.text.size() > text.size() - at) continue;
-                const std::string_view here = text.substr(at, p.text.size());
-                if (p.ignoreCase ? equalsNoCase(here, p.text) : here == p.text) found |= uint64_t(1) << i;
-            }
+        if (text.size() < 2) return found;
+        size_t key = fold(text[0]);
+        for (size_t at = 0; at + 1 < text.size(); ++at) {
+            key = (key << 8 | fold(text[at + 1])) & 0xFFFF;  // the characters at `at` and `at + 1`
+            for (int i = first_[key]; i >= 0; i = next_[size_t(i)])
+                if (occursAt(phrases_[size_t(i)], text, at)) found |= uint64_t(1) << i;
+        }
         return found;
     }
 
 private:
-    static unsigned fold(char c) { return static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c); }
-    static size_t keyAt(std::string_view s, size_t at) { return size_t(fold(s[at])) << 8 | fold(s[at + 1]); }
-    std::vector<Phrase> phrases_;
+    static unsigned fold(char c) { return kFold[static_cast<unsigned char>(c)]; }
+    // The first two characters are known to match without regard to case.
+    static bool occursAt(const Phrase& p, std::string_view text, size_t at) {
+        if (p.text.size() > text.size() - at) return false;
+        for (size_t k = p.ignoreCase ? 2 : 0; k < p.text.size(); ++k)
+            if (p.ignoreCase ? fold(text[at + k]) != static_cast<unsigned char>(p.text[k]) : text[at + k] != p.text[k])
+                return false;
+        return true;
+    }
+    static constexpr std::array<unsigned char, 256> kFold = [] {
+        std::array<unsigned char, 256> t{};
+        for (size_t c = 0; c < 256; ++c) t[c] = static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+        return t;
+    }();
+    std::vector<Phrase> phrases_;  // those that ignore case are held upper-cased
     std::vector<int> first_, next_;  // chains of phrases sharing their first two characters
 };
 
@@ -334,9 +350,8 @@ void Parser::ballWork(std::string_view line, uint64_t phrases) {
     const std::string_view letter = trimView(markerView(line, "(", " "));
     const int s = letter == "H" ? 1 : letter == "A" ? 2 : holds(line, "(H") ? 1 : 2;
     std::vector<BallWork>& list = side_[size_t(s)].ballWork;
-    for (size_t i = 0; i < kBallWorkPhrases; ++i) {
-        if (!((phrases >> i) & 1)) continue;
-        const bool won = i < kBallWinPhrases.size();
+    for (; phrases != 0; phrases &= phrases - 1) {  // each set bit, lowest first
+        const bool won = size_t(std::countr_zero(phrases)) < kBallWinPhrases.size();
         auto it = std::find_if(list.begin(), list.end(), [&](const BallWork& w) { return w.name == name; });
         if (it == list.end()) {
             if (list.size() >= kMaxBallWork) return;
