@@ -22,21 +22,21 @@ int64_t number(std::string_view text) { return wholeNumber(text); }
 bool blank(std::string_view line) { return trim(line).empty(); }
 
 // Every phrase a report line is tested for, found in one pass over the line:
-// phrases are indexed by their first two characters, so each place of the
-// line is compared only with the few phrases that could begin there. The
-// index ignores case, so one pass serves the phrases matched either way.
+// phrases are indexed by their first three characters, so each place of the
+// line is compared only with the few phrases that could begin there. The key
+// is the low five bits of each character, which tell letters apart but not
+// their case; other characters may share a key, as every match is checked in
+// full.
 class PhraseSet {
 public:
     struct Phrase {
-        std::string text;  // two characters or more
+        std::string text;  // three characters or more
         bool ignoreCase;
     };
-    explicit PhraseSet(std::vector<Phrase> phrases) : phrases_(std::move(phrases)), first_(65536, -1) {
+    explicit PhraseSet(std::vector<Phrase> phrases) : phrases_(std::move(phrases)), first_(size_t(1) << 15, -1) {
         for (size_t i = 0; i < phrases_.size(); ++i) {
-            Phrase& p = phrases_[i];
-            if (p.ignoreCase)
-                for (char& c : p.text) c = char(fold(c));
-            const size_t key = size_t(fold(p.text[0])) << 8 | fold(p.text[1]);
+            const std::string& t = phrases_[i].text;
+            const size_t key = (low(t[0]) << 10 | low(t[1]) << 5 | low(t[2]));
             next_.push_back(first_[key]);
             first_[key] = int(i);
         }
@@ -44,10 +44,10 @@ public:
     // Bit i is set when phrase i occurs in the text.
     uint64_t scan(std::string_view text) const {
         uint64_t found = 0;
-        if (text.size() < 2) return found;
-        size_t key = fold(text[0]);
-        for (size_t at = 0; at + 1 < text.size(); ++at) {
-            key = (key << 8 | fold(text[at + 1])) & 0xFFFF;  // the characters at `at` and `at + 1`
+        if (text.size() < 3) return found;
+        size_t key = low(text[0]) << 5 | low(text[1]);
+        for (size_t at = 0; at + 2 < text.size(); ++at) {
+            key = (key << 5 | low(text[at + 2])) & 0x7FFF;  // the characters at `at`, `at + 1` and `at + 2`
             for (int i = first_[key]; i >= 0; i = next_[size_t(i)])
                 if (occursAt(phrases_[size_t(i)], text, at)) found |= uint64_t(1) << i;
         }
@@ -55,22 +55,14 @@ public:
     }
 
 private:
-    static unsigned fold(char c) { return kFold[static_cast<unsigned char>(c)]; }
-    // The first two characters are known to match without regard to case.
+    static size_t low(char c) { return static_cast<unsigned char>(c) & 31; }
     static bool occursAt(const Phrase& p, std::string_view text, size_t at) {
         if (p.text.size() > text.size() - at) return false;
-        for (size_t k = p.ignoreCase ? 2 : 0; k < p.text.size(); ++k)
-            if (p.ignoreCase ? fold(text[at + k]) != static_cast<unsigned char>(p.text[k]) : text[at + k] != p.text[k])
-                return false;
-        return true;
+        const std::string_view here = text.substr(at, p.text.size());
+        return p.ignoreCase ? equalsNoCase(here, p.text) : here == p.text;
     }
-    static constexpr std::array<unsigned char, 256> kFold = [] {
-        std::array<unsigned char, 256> t{};
-        for (size_t c = 0; c < 256; ++c) t[c] = static_cast<unsigned char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
-        return t;
-    }();
-    std::vector<Phrase> phrases_;  // those that ignore case are held upper-cased
-    std::vector<int> first_, next_;  // chains of phrases sharing their first two characters
+    std::vector<Phrase> phrases_;
+    std::vector<int> first_, next_;  // chains of phrases sharing a key
 };
 
 // The fixed phrases of the event tests, in the order of the Marker numbers,
@@ -344,10 +336,21 @@ void Parser::closeMoment(std::string_view word, const std::string& club) {
     comments_.clear();
 }
 
-// Bit i of `phrases` is ball-work phrase i; each counts once.
+// Bit i of `phrases` is ball-work phrase i; each counts once. The player is
+// named before " (" and his side's letter follows the bracket, up to a blank.
+// The markers hold no letters, so plain searches find what the marker rule
+// would find (and no line holding a ball-work phrase is the rule's one
+// exception).
 void Parser::ballWork(std::string_view line, uint64_t phrases) {
-    const std::string_view name = trimView(markerView(line, "", " ("));
-    const std::string_view letter = trimView(markerView(line, "(", " "));
+    constexpr size_t kNone = std::string_view::npos;
+    const size_t bracket = line.find('(');
+    size_t open = bracket;  // the first bracket with a blank before it
+    while (open != kNone && (open == 0 || line[open - 1] != ' ')) open = line.find('(', open + 1);
+    const std::string_view name = trimView(line.substr(0, open == kNone ? line.size() : open - 1));
+    const size_t from = bracket == kNone ? 0 : bracket + 1;
+    const size_t blank = line.find(' ', from);
+    const std::string_view letter =
+        trimView(line.substr(from, blank == kNone ? kNone : blank - from));
     const int s = letter == "H" ? 1 : letter == "A" ? 2 : holds(line, "(H") ? 1 : 2;
     std::vector<BallWork>& list = side_[size_t(s)].ballWork;
     for (; phrases != 0; phrases &= phrases - 1) {  // each set bit, lowest first

@@ -30,6 +30,23 @@ std::string isoDay(std::time_t t) {
 
 struct Cancelled {};
 
+// The lines of a file as readLines gives them, into strings kept from the
+// file before, so a refresh of many files doesn't allocate every line anew.
+void readLinesInto(const fs::path& path, std::vector<std::string>& lines) {
+    const std::string bytes = readFileBytes(path);
+    size_t count = 0;
+    for (size_t i = 0; i < bytes.size();) {
+        const size_t nl = bytes.find('\n', i);
+        size_t stop = nl == std::string::npos ? bytes.size() : nl;
+        if (stop > i && bytes[stop - 1] == '\r') --stop;
+        if (count == lines.size()) lines.emplace_back();
+        lines[count++].assign(bytes, i, stop - i);
+        if (nl == std::string::npos) break;
+        i = nl + 1;
+    }
+    lines.resize(count);
+}
+
 // One file of the refresh: where it is and what reads it.
 struct Job {
     fs::path path;
@@ -113,13 +130,14 @@ RefreshResult refreshStats(const GameFolder& folder, Settings& settings, Message
         StatsStore store(*db, date);
         if (jobs.empty() || jobs.front().kind != Job::Clubs) fillLookupFromTable(store);
         const int total = int(jobs.size());
+        std::vector<std::string> lines;
         for (int i = 0; i < total; ++i) {
             const Job& job = jobs[size_t(i)];
             if (options.cancel && options.cancel->load()) throw Cancelled{};
             current = displayName(folder, job.path);
             if (options.progress) options.progress(current, i, total);
             if (refreshFaultHook) refreshFaultHook(job.name);
-            const std::vector<std::string> lines = readLines(job.path);
+            readLinesInto(job.path, lines);
             switch (job.kind) {
                 case Job::Clubs: loadClubs(store, lines); break;
                 case Job::Managers: loadManagers(store, lines); break;
