@@ -14,6 +14,7 @@
 #include "files/mail.h"
 #include "files/news.h"
 #include "files/turnsheet.h"
+#include "orders/admin.h"
 #include "orders/harvest.h"
 #include "stats/honours.h"
 #include "stats/refresh.h"
@@ -33,6 +34,7 @@ constexpr const char* kUsage =
     "       kestrin-cli --game-dir DIR refresh-stats\n"
     "       kestrin-cli --game-dir DIR honours CLUB\n"
     "       kestrin-cli --game-dir DIR send-turnsheets [--dry-run]\n"
+    "       kestrin-cli --game-dir DIR admin-text\n"
     "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n";
 
 int usage(const std::string& why = {}) {
@@ -422,6 +424,19 @@ int runHonours(const std::string& dir, const std::string& club) {
 
 // Sends as the program does, with the password from the environment; a dry
 // run only prints the messages, from the Turnsheets as they are on disk.
+// The Weekly Administration text of every club's order; a club whose order
+// is invalid is told on stderr and left out, the others still printed.
+int runAdminText(const std::string& dir) {
+    CliMessages messages;
+    Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) return 1;
+    RecordingMessages refusals;
+    const std::string text = adminText(s, refusals);
+    tellProblems(refusals);
+    std::cout << cp1252ToUtf8(text);
+    return refusals.entries.empty() ? 0 : 1;
+}
+
 int runSendTurnsheets(const std::string& dir, bool dryRun) {
     RecordingMessages messages;
     Session s = loadSession(dir, messages);
@@ -498,6 +513,7 @@ int main(int argc, char** argv) {
             if (cmd == "load-turn" && args.size() == 5) return runLoadTurn(dir, args[3], args[4]);
             if (cmd == "refresh-stats" && args.size() == 3) return runRefreshStats(dir);
             if (cmd == "honours" && args.size() == 4) return runHonours(dir, args[3]);
+            if (cmd == "admin-text" && args.size() == 3) return runAdminText(dir);
             if (cmd == "send-turnsheets" && (args.size() == 3 || (args.size() == 4 && args[3] == "--dry-run")))
                 return runSendTurnsheets(dir, args.size() == 4);
             return usage("unknown command: " + cmd);
