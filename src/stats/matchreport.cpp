@@ -26,7 +26,7 @@ bool blank(std::string_view line) { return trim(line).empty(); }
 // line is compared only with the few phrases that could begin there. The key
 // is the low five bits of each character, which tell letters apart but not
 // their case; other characters may share a key, as every match is checked in
-// full.
+// full. Most places can't begin any phrase, which their first character tells.
 class PhraseSet {
 public:
     struct Phrase {
@@ -35,20 +35,22 @@ public:
     };
     explicit PhraseSet(std::vector<Phrase> phrases) : phrases_(std::move(phrases)), first_(size_t(1) << 15, -1) {
         for (size_t i = 0; i < phrases_.size(); ++i) {
-            const std::string& t = phrases_[i].text;
-            const size_t key = (low(t[0]) << 10 | low(t[1]) << 5 | low(t[2]));
+            Phrase& p = phrases_[i];
+            if (p.ignoreCase)
+                for (char& c : p.text) c = lowerCase(c);
+            const size_t key = keyAt(p.text, 0);
             next_.push_back(first_[key]);
             first_[key] = int(i);
+            starts_[static_cast<unsigned char>(p.text[0])] = true;
+            if (p.ignoreCase) starts_[static_cast<unsigned char>(upperCase(p.text[0]))] = true;
         }
     }
     // Bit i is set when phrase i occurs in the text.
     uint64_t scan(std::string_view text) const {
         uint64_t found = 0;
-        if (text.size() < 3) return found;
-        size_t key = low(text[0]) << 5 | low(text[1]);
         for (size_t at = 0; at + 2 < text.size(); ++at) {
-            key = (key << 5 | low(text[at + 2])) & 0x7FFF;  // the characters at `at`, `at + 1` and `at + 2`
-            for (int i = first_[key]; i >= 0; i = next_[size_t(i)])
+            if (!starts_[static_cast<unsigned char>(text[at])]) continue;
+            for (int i = first_[keyAt(text, at)]; i >= 0; i = next_[size_t(i)])
                 if (occursAt(phrases_[size_t(i)], text, at)) found |= uint64_t(1) << i;
         }
         return found;
@@ -56,13 +58,20 @@ public:
 
 private:
     static size_t low(char c) { return static_cast<unsigned char>(c) & 31; }
+    static size_t keyAt(std::string_view s, size_t at) { return low(s[at]) << 10 | low(s[at + 1]) << 5 | low(s[at + 2]); }
+    static char lowerCase(char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; }
+    static char upperCase(char c) { return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c; }
     static bool occursAt(const Phrase& p, std::string_view text, size_t at) {
         if (p.text.size() > text.size() - at) return false;
-        const std::string_view here = text.substr(at, p.text.size());
-        return p.ignoreCase ? equalsNoCase(here, p.text) : here == p.text;
+        for (size_t k = 0; k < p.text.size(); ++k) {
+            const char c = text[at + k];
+            if ((p.ignoreCase ? lowerCase(c) : c) != p.text[k]) return false;
+        }
+        return true;
     }
-    std::vector<Phrase> phrases_;
+    std::vector<Phrase> phrases_;  // those that ignore case are held in lower case
     std::vector<int> first_, next_;  // chains of phrases sharing a key
+    std::array<bool, 256> starts_{};  // the characters a phrase may begin with
 };
 
 // The fixed phrases of the event tests, in the order of the Marker numbers,

@@ -121,9 +121,11 @@ RefreshResult refreshStats(const GameFolder& folder, Settings& settings, Message
     for (const std::string& n : folder.list("Squadsheets", "*SQU*")) jobs.push_back({squads / n, n, Job::Squad});
 
     std::unique_ptr<SQLite::Database> db;
-    std::string current;
+    const Job* current = nullptr;  // named only when shown: the name costs a walk of the path
     try {
-        db = std::make_unique<SQLite::Database>(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        // One thread uses this connection, so SQLite need not lock it at every call.
+        db = std::make_unique<SQLite::Database>(file.string(),
+                                                SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE | SQLite::OPEN_NOMUTEX);
         db->setBusyTimeout(5000);
         SQLite::Transaction transaction(*db);
         if (inspectSchema(*db) == SchemaState::Empty) createSchema(*db);
@@ -134,8 +136,8 @@ RefreshResult refreshStats(const GameFolder& folder, Settings& settings, Message
         for (int i = 0; i < total; ++i) {
             const Job& job = jobs[size_t(i)];
             if (options.cancel && options.cancel->load()) throw Cancelled{};
-            current = displayName(folder, job.path);
-            if (options.progress) options.progress(current, i, total);
+            current = &job;
+            if (options.progress) options.progress(displayName(folder, job.path), i, total);
             if (refreshFaultHook) refreshFaultHook(job.name);
             readLinesInto(job.path, lines);
             switch (job.kind) {
@@ -161,8 +163,8 @@ RefreshResult refreshStats(const GameFolder& folder, Settings& settings, Message
         result.problem = e.what();
     } catch (const std::exception& e) {
         result.status = RefreshStatus::Failed;
-        result.problem = current.empty() ? std::string(e.what())
-                                         : "While reading " + current + ": " + e.what();
+        result.problem = current ? "While reading " + displayName(folder, current->path) + ": " + e.what()
+                                 : std::string(e.what());
     }
     db.reset();
     if (result.status != RefreshStatus::Done && !existed) fs::remove(file, ec);  // made by this refresh
