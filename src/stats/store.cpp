@@ -78,7 +78,9 @@ void bindAll(SQLite::Statement&, int) {}
 template <typename T, typename... Rest>
 void bindAll(SQLite::Statement& st, int i, const T& v, const Rest&... rest);
 
-void bindOne(SQLite::Statement& st, int i, const std::string& v) { st.bind(i, v); }
+// Text is bound without a copy: every statement is run while the strings it
+// was given are alive, and its bindings are cleared before it runs again.
+void bindOne(SQLite::Statement& st, int i, const std::string& v) { st.bindNoCopy(i, v); }
 void bindOne(SQLite::Statement& st, int i, int v) { st.bind(i, v); }
 void bindOne(SQLite::Statement& st, int i, int64_t v) { st.bind(i, v); }
 void bindOne(SQLite::Statement& st, int i, const Opt& v) {
@@ -270,7 +272,7 @@ void StatsStore::addSummary(int64_t matchCode, const std::string& compressed) {
     insSummary_.reset();
     insSummary_.clearBindings();
     insSummary_.bind(1, matchCode);
-    insSummary_.bind(2, compressed.data(), int(compressed.size()));
+    insSummary_.bindNoCopy(2, compressed.data(), int(compressed.size()));
     insSummary_.exec();
     ++added.Summary;
 }
