@@ -82,6 +82,10 @@ std::string AdminRecord::text(AdminField field, size_t row) const {
     return t;
 }
 
+void AdminRecord::clearText(AdminField field, size_t row) {
+    bytes_.replace(offsetOf(field, row), kText, std::string(kText, '\0'));
+}
+
 void AdminRecord::setText(AdminField field, std::string_view value, size_t row) {
     RecordWriter w(kText);
     w.text(0, kText, value);
@@ -339,7 +343,10 @@ std::string adminText(const Session& session, Messages& messages) {
     return out;
 }
 
-bool saveAdminText(const Session& session, Messages& messages) {
+namespace {
+
+// AdminFile.txt written; its path, or empty after telling the manager.
+std::string writeAdminText(const Session& session, Messages& messages) {
     const std::string text = adminText(session, messages);
     const fs::path path = session.Folder.resolve(kAdminTextFile);
     try {
@@ -347,12 +354,212 @@ bool saveAdminText(const Session& session, Messages& messages) {
     } catch (const WriteError& e) {
         messages.refuse("Admin file not saved", "The file " + e.path + " could not be written: " + e.reason +
                                                     ".\r\n\r\nCheck that the game folder can be written to.");
-        return false;
+        return {};
     }
+    return path.string();
+}
+
+}  // namespace
+
+bool saveAdminText(const Session& session, Messages& messages) {
+    const std::string path = writeAdminText(session, messages);
+    if (path.empty()) return false;
     messages.inform("Manual Admin E-mail File Saved",
-                    "The admin has been saved into the file " + path.string() +
+                    "The admin has been saved into the file " + path +
                         "\r\nPlease email that file to your game administrator");
     return true;
+}
+
+bool sendAdminTextWithoutMail(const Session& session, Messages& messages) {
+    const std::string path = writeAdminText(session, messages);
+    if (path.empty()) return false;
+    const std::string to =
+        session.Game.AdminAddress.empty() ? std::string("your game administrator") : session.Game.AdminAddress;
+    messages.inform(kAdminNotSentTitle,
+                    "Sending by e-mail is not yet available: it comes with the mail settings.\r\n\r\nThe admin "
+                    "has been saved into the file " + utf8ToCp1252(path) + ". Please send it to " + to + " yourself.");
+    return true;
+}
+
+// ---- The form ------------------------------------------------------------------
+
+namespace {
+
+std::vector<std::string> numbers(int from, int to, const char* first = nullptr) {
+    std::vector<std::string> out;
+    if (first) out.emplace_back(first);
+    for (int i = from; i <= to; ++i) out.push_back(std::to_string(i));
+    return out;
+}
+
+std::string withPosition(const std::string& name, const std::string& position) {
+    return name + " (" + position + ")";
+}
+
+}  // namespace
+
+const std::vector<std::string> kAdminDepartments = {"Goalkeeper Coach", "Defence Coach", "Midfield Coach",
+                                                    "Attack Coach",     "Physio",        "Groundsman",
+                                                    "Scout"};
+const std::vector<std::string> kAdminHiddenSkills = {
+    "Intelligence",  "Vision",      "Captaincy",   "Coolness",    "Free kicks", "Penalties",    "Dead ball passing",
+    "Anticipation",  "Acceleration", "Dirty tactics", "Popularity", "Temperament", "Resilience", "Injury proneness",
+    "Timing",        "Kestrin",     "Stamina",     "Flexibility", "Ambition",   "Balance",      "Bravery",
+    "Communication", "Consistency", "Attitude",    "Lunacy",      "Occasion"};
+const std::vector<std::string> kAdminScoutSkills = {"None",     "Passing",   "Control",  "Tackling",
+                                                    "Running",  "Shooting",  "Dribbling", "Def Head",
+                                                    "Off Head", "Strength",  "Creativity"};
+const std::vector<std::string> kAdminCreatePositions = {
+    "Goalkeeper",           "Left Sided Defender",   "Central Defender",   "Right Sided Defender",
+    "Left Sided Midfielder", "Central Midfielder",   "Right Sided Midfielder", "Left Sided Striker",
+    "Central Striker",      "Right Sided Striker"};
+const std::vector<std::string> kAdminScoutPositions = [] {
+    std::vector<std::string> out = kAdminCreatePositions;
+    for (const char* any : {"Any Defender", "Any Midfielder", "Any Striker"}) out.emplace_back(any);
+    return out;
+}();
+const std::vector<std::string> kAdminInternational = {"Any", "Yes", "No"};
+const std::vector<std::string> kAdminSigning = numbers(1, 20, "Any");
+const std::vector<std::string> kAdminSkillValues = numbers(1, 20, "Any");
+const std::vector<std::string> kAdminPhysioPoints = numbers(1, 10);
+const std::vector<std::string> kAdminLoanWeeks = numbers(1, 16);
+
+const std::vector<AdminSlot>& adminSlots() {
+    static const std::vector<AdminSlot> slots = [] {
+        std::vector<AdminSlot> out;
+        for (int f = 0; f <= int(AdminField::CP_Nation); ++f) {
+            const auto field = AdminField(f);
+            const size_t rows = field == AdminField::SSR_Skill || field == AdminField::SSR_Min ||
+                                        field == AdminField::SSR_Max
+                                    ? 6
+                                : field == AdminField::FSC_Decrease ? 3
+                                                                    : 1;
+            for (size_t row = 0; row < rows; ++row) out.push_back({field, row});
+        }
+        return out;
+    }();
+    return slots;
+}
+
+int adminOptionOf(AdminField f) {
+    using F = AdminField;
+    switch (f) {
+        case F::SSR_Pos: case F::SSR_Int: case F::SSR_Sign: case F::SSR_Skill: case F::SSR_Min: case F::SSR_Max:
+            return 0;
+        case F::SCM_Team: return 1;
+        case F::SSS_Best: case F::SSS_Score: case F::SSS_Player: return 2;
+        case F::TR_Team: case F::TR_Player: return 3;
+        case F::SP_Player: case F::SP_Points: return 4;
+        case F::LPO_Player: case F::LPO_Club: case F::LPO_Weeks: return 5;
+        case F::FTD_Dept: return 6;
+        case F::FSC_Player: case F::FSC_Increase: case F::FSC_Decrease: return 7;
+        case F::FPC_Player: case F::FPC_To: return 8;
+        case F::DS_Swap: return 9;
+        case F::CP_Position: case F::CP_Name: case F::CP_Nation: return 10;
+    }
+    return 0;
+}
+
+std::string AdminForm::text(AdminField field, size_t row) const {
+    const auto it = texts.find({field, row});
+    return it == texts.end() ? std::string() : it->second;
+}
+
+AdminForm emptyAdminForm() {
+    using F = AdminField;
+    AdminForm form;
+    for (const AdminSlot& s : adminSlots()) form.texts[s] = "";
+    form.set(F::SSR_Int, "Any");
+    form.set(F::SSR_Sign, "Any");
+    for (size_t row = 0; row < 6; ++row) {
+        form.set(F::SSR_Skill, "None", row);
+        form.set(F::SSR_Min, "Any", row);
+        form.set(F::SSR_Max, "Any", row);
+    }
+    form.set(F::LPO_Weeks, kAdminLoanWeeksDefault);
+    return form;
+}
+
+AdminForm adminFormOf(const AdminRecord& record) {
+    AdminForm form = emptyAdminForm();
+    const int option = record.option();
+    form.option = option >= 0 && option < int(kAdminOptions.size()) ? option : 0;
+    if (form.option == 2) form.sssMode = record.sssMode();
+    for (const AdminSlot& s : adminSlots())
+        if (adminOptionOf(s.field) == form.option && record.written(s.field, s.row))
+            form.texts[s] = record.text(s.field, s.row);
+    return form;
+}
+
+AdminRecord adminRecordOf(AdminRecord working, const AdminForm& form) {
+    working.setOption(int16_t(form.option));
+    if (form.option == 2) working.setSssMode(form.sssMode);
+    for (const AdminSlot& s : adminSlots()) {
+        if (adminOptionOf(s.field) != form.option) continue;
+        const std::string value = form.text(s.field, s.row);
+        if (value.empty())
+            working.clearText(s.field, s.row);
+        else
+            working.setText(s.field, value, s.row);
+    }
+    return working;
+}
+
+namespace {
+
+void tellUnreadable(Messages& messages, const GameFileError& e) {
+    messages.refuse("Weekly Administration file unreadable",
+                    "The file " + e.file + " could not be read: " + e.detail() +
+                        ".\r\n\r\nThis week's Weekly Administration orders can't be kept until it is put right; "
+                        "deleting it clears them.");
+}
+
+}  // namespace
+
+bool createAdminLine(const Session& session, const AdminForm& form, Messages& messages) {
+    if (session.FillingScreen || !session.current()) return true;
+    try {
+        const AdminRecord working = readAdminRecord(session.Folder, session.CurrentClub);
+        writeAdminRecord(session.Folder, session.CurrentClub, adminRecordOf(working, form));
+    } catch (const GameFileError& e) {
+        tellUnreadable(messages, e);
+        return false;
+    } catch (const WriteError& e) {
+        messages.refuse("Weekly Administration not saved",
+                        "The file " + e.path + " could not be written: " + e.reason +
+                            ".\r\n\r\nCheck that the game folder can be written to.");
+        return false;
+    }
+    return true;
+}
+
+AdminForm adminFormOfClub(const Session& session, Messages& messages) {
+    if (!session.current()) return emptyAdminForm();
+    try {
+        return adminFormOf(readAdminRecord(session.Folder, session.CurrentClub));
+    } catch (const GameFileError& e) {
+        tellUnreadable(messages, e);
+        return emptyAdminForm();
+    }
+}
+
+AdminPlayerLists adminPlayerLists(const Club& club) {
+    AdminPlayerLists out;
+    for (const Player& p : club.Players) {
+        if (p.Name.empty()) continue;
+        const std::string line = withPosition(p.Name, p.Position);
+        out.all.push_back(line);
+        if (p.Injury >= 10 && p.Injury <= 12) out.injured.push_back(line);
+        if (p.TLFigure < 1) out.loanable.push_back(line);
+        if (p.Position != "AGKP") out.outfield.push_back(line);
+    }
+    return out;
+}
+
+std::vector<std::string> exportPlayerLines(const ExportClub& club) {
+    std::vector<std::string> out;
+    for (const ExportPlayer& p : club.Players) out.push_back("(" + p.Position + ") " + p.Name);
+    return out;
 }
 
 }  // namespace kestrin

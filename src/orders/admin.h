@@ -3,7 +3,9 @@
 // adm.kst (one fixed record per club) and sent to the administrator as one
 // plain text for all clubs.
 #include <array>
+#include <compare>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +49,8 @@ public:
     std::string text(AdminField field, size_t row = 0) const;  // right blanks cut
     bool written(AdminField field, size_t row = 0) const;      // not all zero
     void setText(AdminField field, std::string_view value, size_t row = 0);
+    // Back to never written: all zero.
+    void clearText(AdminField field, size_t row = 0);
     const std::string& bytes() const { return bytes_; }
 
 private:
@@ -95,5 +99,72 @@ std::string adminText(const Session& session, Messages& messages);
 // btnSaveAdmin: the text into AdminFile.txt, and the message that says so.
 // Returns false after telling the manager when the file can't be written.
 bool saveAdminText(const Session& session, Messages& messages);
+
+// ---- The form of the Admin screen -------------------------------------------
+
+// The fixed lists of the screen's controls.
+extern const std::vector<std::string> kAdminDepartments;     // FTD_Dept, DS_Swap
+extern const std::vector<std::string> kAdminHiddenSkills;    // SSS_Best, SSS_Score
+extern const std::vector<std::string> kAdminScoutSkills;     // SSR_Skill, "None" first
+extern const std::vector<std::string> kAdminScoutPositions;  // SSR_Pos: the ten, then "Any Defender"...
+extern const std::vector<std::string> kAdminCreatePositions; // CP_Position
+extern const std::vector<std::string> kAdminInternational;   // SSR_Int, "Any" first
+extern const std::vector<std::string> kAdminSigning;         // SSR_Sign, "Any" first
+extern const std::vector<std::string> kAdminSkillValues;     // SSR_Min, SSR_Max, "Any" first
+extern const std::vector<std::string> kAdminPhysioPoints;    // SP_Points
+extern const std::vector<std::string> kAdminLoanWeeks;       // LPO_Weeks
+inline constexpr const char* kAdminLoanWeeksDefault = "6";
+
+// One control of the form: a field and its row.
+struct AdminSlot {
+    AdminField field;
+    size_t row = 0;
+    auto operator<=>(const AdminSlot&) const = default;
+};
+// Every control of the form, in the order of the record.
+const std::vector<AdminSlot>& adminSlots();
+// The option whose controls hold the field.
+int adminOptionOf(AdminField field);
+
+// What the screen's controls hold: the option chosen and each control's text.
+struct AdminForm {
+    int option = 0;
+    bool sssMode = false;  // SSS_Opt(0), "Give me the score in ", chosen
+    std::map<AdminSlot, std::string> texts;
+    std::string text(AdminField field, size_t row = 0) const;
+    void set(AdminField field, std::string value, size_t row = 0) { texts[{field, row}] = std::move(value); }
+    bool operator==(const AdminForm&) const = default;
+};
+// The controls emptied: nothing chosen, but no scout item, "None" skills,
+// "Any" limits and a loan of six weeks.
+AdminForm emptyAdminForm();
+// The record put back: its option and that option's fields over an empty form.
+AdminForm adminFormOf(const AdminRecord& record);
+// CreateLine: `working` with the option and the selected option's fields
+// only; an empty control leaves its field never written.
+AdminRecord adminRecordOf(AdminRecord working, const AdminForm& form);
+// CreateLine on the club on screen: nothing while the screen is being filled
+// or with no club. Tells the manager and returns false when adm.kst can't be
+// read or written.
+bool createAdminLine(const Session& session, const AdminForm& form, Messages& messages);
+// The record of the club on screen as the form shows it; an unreadable
+// adm.kst is told and gives the empty form.
+AdminForm adminFormOfClub(const Session& session, Messages& messages);
+
+// The player lists of the form, each line "Name (Position)".
+struct AdminPlayerLists {
+    std::vector<std::string> all;      // SSS_Player, FSC_Player
+    std::vector<std::string> injured;  // SP_Player: injury 10 to 12
+    std::vector<std::string> loanable; // LPO_Player: TLFigure below 1
+    std::vector<std::string> outfield; // FPC_Player: all but AGKP
+};
+AdminPlayerLists adminPlayerLists(const Club& club);
+// TR_Player for an export club: "(" Position ") " Name.
+std::vector<std::string> exportPlayerLines(const ExportClub& club);
+
+// btnEmailAdmin while there is no mail: the text saved as btnSaveAdmin
+// saves it, and one message that says where it is and that it is not sent.
+bool sendAdminTextWithoutMail(const Session& session, Messages& messages);
+inline constexpr const char* kAdminNotSentTitle = "Admin not sent";
 
 }  // namespace kestrin

@@ -59,7 +59,7 @@ const ScreenButton kScreenButtons[] = {
     {"BtnNews", "News", "News", "", true},
     {"BtnPreferences", "Preferences", "Preferences", "the preferences screen", false},
     {"btnAuto", "Auto Turn", "", "a whole turn built by rules", true},
-    {"btnAdmin", "Weekly Admin", "", "Weekly Administration orders", true},
+    {"btnAdmin", "Weekly Admin", "Admin", "", true},
     {"btnVidi", "Vidiprinter", "", "the week's results as a ticker", true},
     {"btnViewer", "Match Viewer", "", "match reports replayed", true},
     {"BtnLoadTurn", "Load Turn", "LoadTurn", "loading the week's archives", false},

@@ -6,6 +6,7 @@
 
 #include "core/clubview.h"
 #include "files/news.h"
+#include "ui/admin.h"
 #include "ui/fixt.h"
 #include "ui/honours.h"
 #include "ui/lastweek.h"
@@ -37,6 +38,7 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
     addScreen(new LastWeekScreen(controller_, stack_));
     addScreen(new NewsScreen(controller_, stack_));
     addScreen(new Preferences(controller_, stack_));
+    addScreen(new AdminScreen(controller_, stack_));
     addDialog("LoadTurn", [this] { LoadTurnDialog::openOver(this, controller_); });
     addDialog("Honours", [this] { HonoursDialog::openOver(this, controller_); });
     addDialog("RefreshStats", [this] { controller_.refreshStats(true); });

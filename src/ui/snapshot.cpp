@@ -1,13 +1,19 @@
 #include "ui/snapshot.h"
 
+#include <QComboBox>
 #include <QCoreApplication>
+#include <QLineEdit>
+#include <QRadioButton>
 #include <QPixmap>
 #include <QPlainTextEdit>
+#include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <tuple>
 
 #include "core/messages.h"
+#include "ui/admin.h"
 #include "ui/lastweek.h"
 #include "ui/honours.h"
 #include "ui/loadturndialog.h"
@@ -84,6 +90,75 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
         controller.selectClub(best);
         window.showScreen("LastWk");
         save(window, "LastWk.png");
+        controller.selectClub(0);
+    }
+    // Weekly Administration with an option of each kind of control chosen.
+    // Nothing is stored: only the screen's own buttons write adm.kst.
+    if (auto* admin = qobject_cast<AdminScreen*>(window.screen("Admin"))) {
+        // The richest club, so that the costs show rather than a refusal.
+        int richest = 0;
+        for (int i = 0; i < controller.session().ClubCount(); ++i)
+            if (controller.session().Clubs[size_t(i)].Balance > controller.session().Clubs[size_t(richest)].Balance)
+                richest = i;
+        controller.selectClub(richest);
+        window.showScreen("Admin");
+        auto pick = [&](const char* name, int index) {
+            auto* box = admin->findChild<QComboBox*>(name);
+            if (box && box->count() > 0) box->setCurrentIndex(std::min(index, box->count() - 1));
+        };
+        auto pickText = [&](const char* name, const char* text) {
+            if (auto* box = admin->findChild<QComboBox*>(name)) box->setCurrentIndex(box->findText(text));
+        };
+        const std::pair<const char*, std::function<void()>> shots[] = {
+            {"Admin-SpecialScout.png",
+             [&] {
+                 pickText("SSR_Pos", "Central Midfielder");
+                 pickText("SSR_Int", "Yes");
+                 pickText("SSR_Skill0", "Passing");
+                 pickText("SSR_Min0", "5");
+                 pickText("SSR_Skill1", "Tackling");
+                 pickText("SSR_Max1", "8");
+             }},
+            {"Admin-SkillSpot.png",
+             [&] {
+                 admin->findChild<QRadioButton*>("SSS_Opt0")->click();
+                 pickText("SSS_Score", "Vision");
+                 pick("SSS_Player", 2);
+             }},
+            {"Admin-Trade.png",
+             [&] {
+                 pick("TR_Team", 1);
+                 pick("TR_Player", 3);
+             }},
+            {"Admin-Physio.png",
+             [&] {
+                 pick("SP_Player", 0);
+                 pickText("SP_Points", "2");
+             }},
+            {"Admin-ForceSkill.png",
+             [&] {
+                 pick("FSC_Player", 4);
+                 pick("FSC_Increase", 1);
+                 pick("FSC_Decrease0", 1);
+             }},
+            {"Admin-ForcePosition.png",
+             [&] {
+                 pick("FPC_Player", 3);
+                 pick("FPC_To", 4);
+             }},
+            {"Admin-CreatePlayer.png",
+             [&] {
+                 admin->chooseOption(10);
+                 pickText("CP_Position", "Left Sided Midfielder");
+                 admin->findChild<QLineEdit*>("CP_Name")->setText("Tomas Eriksen");
+                 admin->findChild<QLineEdit*>("CP_Nation")->setText("Danish");
+             }},
+        };
+        for (const auto& [file, set] : shots) {
+            admin->rebuildOrderLists();  // the club's own record again
+            set();
+            save(window, file);
+        }
         controller.selectClub(0);
     }
     {

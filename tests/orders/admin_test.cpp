@@ -141,3 +141,120 @@ TEST(AdminFile, RecordsByClubAndTheTextForTheAdministrator) {
     EXPECT_EQ(again.entries.back().title, "Manual Admin E-mail File Saved");
     EXPECT_NE(t.read("AdminFile.txt").find("PORT VALE: Force Skill Change"), std::string::npos);
 }
+
+TEST(AdminForm, CreateLineKeepsTheChosenOptionAndPutsItBack) {
+    using F = AdminField;
+    AdminForm typed = emptyAdminForm();
+    typed.set(F::SP_Player, "J. Smith (DEFC)");
+    typed.set(F::SP_Points, "4");
+    typed.set(F::FTD_Dept, "Scout");  // another option's control: not stored
+    AdminRecord working;
+    working.setText(F::CP_Name, "Kept");
+    working.setText(F::SP_Points, "9");
+
+    struct Case {
+        int option;
+        bool sssMode;
+        std::vector<std::pair<AdminSlot, std::string>> stored;  // what the record then holds
+    } cases[] = {
+        {4, false, {{{F::SP_Player}, "J. Smith (DEFC)"}, {{F::SP_Points}, "4"}, {{F::FTD_Dept}, ""}, {{F::CP_Name}, "Kept"}}},
+        {6, false, {{{F::FTD_Dept}, "Scout"}, {{F::SP_Points}, "9"}, {{F::SP_Player}, ""}}},
+        {2, true, {{{F::SSS_Player}, ""}, {{F::SP_Points}, "9"}}},
+        {0, false, {{{F::SSR_Int}, "Any"}, {{F::SSR_Skill, 5}, "None"}, {{F::SSR_Max, 3}, "Any"}, {{F::SSR_Pos}, ""}}},
+    };
+    for (const Case& c : cases) {
+        typed.option = c.option;
+        typed.sssMode = c.sssMode;
+        const AdminRecord r = adminRecordOf(working, typed);
+        EXPECT_EQ(r.option(), c.option);
+        EXPECT_EQ(r.sssMode(), c.sssMode);
+        for (const auto& [slot, text] : c.stored) {
+            EXPECT_EQ(r.text(slot.field, slot.row), text) << c.option << " field " << int(slot.field);
+            // An empty control leaves its field never written, so the text says "No admin".
+            if (text.empty()) {
+                EXPECT_FALSE(r.written(slot.field, slot.row)) << c.option;
+            }
+        }
+        // Put back: the option's own fields as typed, every other control empty.
+        const AdminForm back = adminFormOf(r);
+        EXPECT_EQ(back.option, c.option);
+        EXPECT_EQ(back.sssMode, c.sssMode);
+        for (const AdminSlot& s : adminSlots()) {
+            const bool own = adminOptionOf(s.field) == c.option;
+            EXPECT_EQ(back.text(s.field, s.row), own ? typed.text(s.field, s.row) : emptyAdminForm().text(s.field, s.row))
+                << c.option << " field " << int(s.field) << " row " << s.row;
+        }
+    }
+    EXPECT_EQ(emptyAdminForm().text(F::LPO_Weeks), "6");
+    EXPECT_EQ(adminSlots().size(), 27u + 3 * 5 + 2);
+}
+
+TEST(AdminForm, ListsOfTheClubAndTheExportClubs) {
+    Club club;
+    struct P {
+        const char* name;
+        const char* position;
+        int injury, tl;
+    };
+    for (const P& p : {P{"Al Fry", "AGKP", 11, 0}, P{"Bo Dee", "DEFC", 9, 2}, P{"Cy Ng", "STRL", 12, 5},
+                       P{"Di Oak", "MIDR", 13, -1}}) {
+        Player pl;
+        pl.Name = p.name, pl.Position = p.position, pl.Injury = int16_t(p.injury), pl.TLFigure = int16_t(p.tl);
+        club.Players.push_back(pl);
+    }
+    const AdminPlayerLists l = adminPlayerLists(club);
+    using V = std::vector<std::string>;
+    EXPECT_EQ(l.all, (V{"Al Fry (AGKP)", "Bo Dee (DEFC)", "Cy Ng (STRL)", "Di Oak (MIDR)"}));
+    EXPECT_EQ(l.injured, (V{"Al Fry (AGKP)", "Cy Ng (STRL)"}));
+    EXPECT_EQ(l.loanable, (V{"Al Fry (AGKP)", "Di Oak (MIDR)"}));
+    EXPECT_EQ(l.outfield, (V{"Bo Dee (DEFC)", "Cy Ng (STRL)", "Di Oak (MIDR)"}));
+
+    ExportClub other;
+    for (const auto& [name, position] : {std::pair{"Ed Roe", "MIDL"}, std::pair{"Fi Lu", "DEFR"}}) {
+        ExportPlayer p;
+        p.Name = name, p.Position = position;
+        other.Players.push_back(p);
+    }
+    EXPECT_EQ(exportPlayerLines(other), (V{"(MIDL) Ed Roe", "(DEFR) Fi Lu"}));
+    EXPECT_EQ(kAdminScoutPositions.size(), kAdminCreatePositions.size() + 3);
+    EXPECT_EQ(kAdminScoutPositions.back(), "Any Striker");
+}
+
+TEST(AdminFile, CreateLineOnTheClubOnScreenAndTheTextNotSent) {
+    TempDir t;
+    Session s;
+    s.Folder = GameFolder(t.path());
+    s.Game.AdminAddress = "admin@example.org";
+    for (const char* name : {"KESTREL ROVERS", "PORT VALE"}) {
+        Club c;
+        c.Name = name;
+        s.Clubs.push_back(c);
+    }
+    AdminForm f = emptyAdminForm();
+    f.option = 13;
+    RecordingMessages m;
+    s.CurrentClub = 1;
+    s.FillingScreen = true;
+    EXPECT_TRUE(createAdminLine(s, f, m));
+    EXPECT_FALSE(fs::exists(t.path() / "adm.kst"));  // nothing while the screen is filled
+    s.FillingScreen = false;
+    EXPECT_TRUE(createAdminLine(s, f, m));
+    EXPECT_EQ(readAdminRecord(s.Folder, 1).option(), 13);
+    EXPECT_EQ(adminFormOfClub(s, m).option, 13);
+    EXPECT_EQ(t.read("adm.kst").size(), 2 * kAdminRecordLength);
+
+    EXPECT_TRUE(sendAdminTextWithoutMail(s, m));
+    EXPECT_NE(t.read("AdminFile.txt").find("PORT VALE: Instant Cash"), std::string::npos);
+    ASSERT_FALSE(m.entries.empty());
+    EXPECT_EQ(m.entries.back().title, "Admin not sent");
+    EXPECT_NE(m.entries.back().text.find("AdminFile.txt. Please send it to admin@example.org yourself."),
+              std::string::npos);
+
+    // A game folder that is a file: told, not thrown.
+    t.write("plain", "x");
+    s.Folder = GameFolder(t.path() / "plain");
+    RecordingMessages bad;
+    EXPECT_FALSE(createAdminLine(s, f, bad));
+    ASSERT_EQ(bad.entries.size(), 1u);
+    EXPECT_EQ(bad.entries[0].title, "Weekly Administration not saved");
+}
