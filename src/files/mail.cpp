@@ -352,6 +352,20 @@ std::string failureReason(CURLcode code, const char* detail, const MailSettings&
 
 }  // namespace
 
+SecurityChoice chooseMailSecurity(const MailSettings& current, MailSecurity security) {
+    SecurityChoice out{current, {}};
+    if (security == MailSecurity::None && !isLocalServer(current.Server)) {
+        out.refusal = "Sending without encryption is allowed only to a mail server on this computer, not to " +
+                      (trim(current.Server).empty() ? std::string("a server not yet named") : current.Server) +
+                      ": your password and your turnsheets would cross the network for anyone to read. "
+                      "Choose STARTTLS or TLS.";
+        return out;
+    }
+    if (current.Port == defaultMailPort(current.Security)) out.settings.Port = defaultMailPort(security);
+    out.settings.Security = security;
+    return out;
+}
+
 MailOutcome sendMail(const MailSettings& settings, const std::vector<MailMessage>& messages,
                      const MailOptions& options) {
     MailOutcome out;
@@ -529,6 +543,20 @@ bool tellTurnsheetOutcome(const Session& session, const std::vector<MailMessage>
     return false;
 }
 
+namespace {
+constexpr std::string_view kMailSetUpAdvice =
+    "To send by e-mail, open Preferences from the Main Menu and fill in the Mail settings: your mail server, "
+    "its security and port, your user name and your own e-mail address.";
+}  // namespace
+
+void tellMailNotSetUp(const Session& session, Messages& messages) {
+    messages.inform(std::string(kNotSentTitle),
+                    "Your turnsheets have been saved in the folder " +
+                        utf8ToCp1252(fs::absolute(session.Folder.resolve("Turnsheet")).string()) +
+                        ", but they were not sent: no mail server is set up yet.\r\n\r\n" +
+                        std::string(kMailSetUpAdvice));
+}
+
 bool sendTurnsheets(Session& session, const MailSettings& settings, const MailOptions& options, Messages& messages) {
     const std::optional<std::vector<MailMessage>> mail = prepareTurnsheetMail(session, messages);
     if (!mail) return false;
@@ -566,6 +594,12 @@ DetailsMail playerDetailsMessage(const Session& session, const Club& club, const
     }
     out.message = MailMessage{to, detailsSubject(club, player), std::string(detailsText)};
     return out;
+}
+
+void tellDetailsMailNotSetUp(Messages& messages) {
+    messages.refuse(std::string(kDetailsNotSentTitle), std::string(kDetailsNotSentText) +
+                                                           "\r\n\r\nNo mail server is set up yet. " +
+                                                           std::string(kMailSetUpAdvice));
 }
 
 bool tellDetailsOutcome(std::string_view choice, const MailOutcome& outcome, Messages& messages) {

@@ -51,6 +51,16 @@ void writeMailSettings(const GameFolder& folder, const MailSettings& settings);
 // without encryption.
 bool isLocalServer(std::string_view server);
 
+// The security picked on the Preferences screen. The port follows the usual
+// port of the new security unless the manager typed another. No encryption
+// to another machine is refused: `refusal` then says why, and the settings
+// are those given.
+struct SecurityChoice {
+    MailSettings settings;
+    std::string refusal;
+};
+SecurityChoice chooseMailSecurity(const MailSettings& current, MailSecurity security);
+
 // ---- Messages and sending ---------------------------------------------------
 
 // One message as the game builds it: Windows-1252 text, lines ending CR LF.
@@ -111,6 +121,9 @@ std::optional<std::vector<MailMessage>> prepareTurnsheetMail(Session& session, M
 // why, and where the saved Turnsheets are. Returns whether all were sent.
 bool tellTurnsheetOutcome(const Session& session, const std::vector<MailMessage>& sent, const MailOutcome& outcome,
                           Messages& messages);
+// Tells that the Turnsheets were saved, where, and not sent because no mail
+// server is set up yet, and where the program takes the mail settings.
+void tellMailNotSetUp(const Session& session, Messages& messages);
 // The three in a row.
 bool sendTurnsheets(Session& session, const MailSettings& settings, const MailOptions& options, Messages& messages);
 
@@ -126,6 +139,8 @@ struct DetailsMail {
 };
 DetailsMail playerDetailsMessage(const Session& session, const Club& club, const Player& player,
                                  std::string_view choice, std::string_view detailsText);
+// Tells "Problem in emailing file": no mail server is set up yet, and where to.
+void tellDetailsMailNotSetUp(Messages& messages);
 // Tells "Email sent" or "Problem in emailing file". Returns whether it was sent.
 bool tellDetailsOutcome(std::string_view choice, const MailOutcome& outcome, Messages& messages);
 // Builds, sends and tells.

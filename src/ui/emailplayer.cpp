@@ -19,7 +19,7 @@ namespace kestrin::ui {
 
 EmailPlayerDialog::EmailPlayerDialog(SessionController& controller, const Club& club, const Player& player,
                                      QWidget* parent)
-    : QDialog(parent), controller_(controller), text_(createDetails(club, player)) {
+    : QDialog(parent), controller_(controller), club_(club), player_(player), text_(createDetails(club, player)) {
     setObjectName("EmailPlayer");
     setWindowTitle("Email Player Details");
     setModal(true);
@@ -38,8 +38,7 @@ EmailPlayerDialog::EmailPlayerDialog(SessionController& controller, const Club& 
 
     auto* buttons = new QHBoxLayout;
     auto* save = makeButton("btnSaveDetails", "Save to PlayerDetails.txt", this);
-    auto* email = makeButton("btnEmailDetails", "Sending by e-mail comes later", this);
-    markComingSoon(email, "sending the details by e-mail; save them and attach the file to your own mail for now");
+    auto* email = makeButton("btnEmailDetails", "Send by e-mail", this);
     auto* close = makeButton("CancelButton", "Close", this);
     auto* emailTo = new QComboBox(this);
     emailTo->setObjectName("EmailTo");
@@ -56,6 +55,9 @@ EmailPlayerDialog::EmailPlayerDialog(SessionController& controller, const Club& 
     buttons->addWidget(close);
     root->addLayout(buttons);
     connect(save, &QPushButton::clicked, this, &EmailPlayerDialog::saveClicked);
+    connect(email, &QPushButton::clicked, this, [this, emailTo] {
+        controller_.sendPlayerDetails(club_, player_, gameText(emailTo->currentText()), text_);
+    });
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
 
     // Wide enough for the figures line without scrolling.

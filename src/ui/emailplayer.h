@@ -24,6 +24,8 @@ private:
     void saveClicked();
 
     SessionController& controller_;
+    Club club_;      // as the dialog opened: the mail names this club and player
+    Player player_;
     std::string text_;  // EmailText, as game text
 };
 

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "core/clubview.h"
+#include "core/errors.h"
 #include "ui/qtext.h"
 #include "ui/sessioncontroller.h"
 #include "ui/widgets.h"
@@ -61,7 +62,12 @@ Preferences::Preferences(SessionController& controller, QWidget* parent)
     : Screen(controller, "Preferences", "Preferences", parent),
       txtPhysio_(new QLineEdit(this)),
       txtScoutFile_(new QLineEdit(this)),
-      txtStatsFile_(new QLineEdit(this)) {
+      txtStatsFile_(new QLineEdit(this)),
+      txtMailServer_(new QLineEdit(this)),
+      txtMailPort_(new QLineEdit(this)),
+      cboMailSecurity_(new QComboBox(this)),
+      txtMailUser_(new QLineEdit(this)),
+      txtMailSender_(new QLineEdit(this)) {
     // A refresh gives an empty StatsFile its place.
     connect(&controller_, &SessionController::statsRefreshed, this, [this] { showFiles(); });
     pickFile_ = [this](const QString& title, const QString& dir, const QString& filter) {
@@ -90,6 +96,7 @@ Preferences::Preferences(SessionController& controller, QWidget* parent)
     lowerLeft->setSpacing(12);
     lowerLeft->addWidget(buildGeneral());
     lowerLeft->addStretch(1);
+
     lower->addLayout(lowerLeft, 1);
     auto* lowerRight = new QVBoxLayout;
     lowerRight->setSpacing(12);
@@ -101,7 +108,9 @@ Preferences::Preferences(SessionController& controller, QWidget* parent)
     columns->addLayout(main, 1);
 
     auto* right = new QVBoxLayout;
+    right->setSpacing(12);
     right->addWidget(buildVidiprinter());
+    right->addWidget(buildMail());
     right->addStretch(1);
     columns->addLayout(right, 0);
     root->addLayout(columns, 1);
@@ -228,6 +237,87 @@ QWidget* Preferences::buildFiles() {
     return g;
 }
 
+QWidget* Preferences::buildMail() {
+    auto* g = new QGroupBox("Mail", this);
+    auto* grid = new QGridLayout(g);
+    grid->setVerticalSpacing(4);
+    grid->setHorizontalSpacing(8);
+    auto edit = [&](QLineEdit* e, const char* name, const char* placeholder,
+                    std::function<void(MailSettings&, const std::string&)> store) {
+        e->setObjectName(name);
+        e->setPlaceholderText(placeholder);
+        connect(e, &QLineEdit::textEdited, this, [this, store](const QString& text) {
+            changeMail([&](MailSettings& m) { store(m, text.trimmed().toStdString()); });
+        });
+    };
+    edit(txtMailServer_, "txtMailServer", "smtp.example.org",
+         [](MailSettings& m, const std::string& v) { m.Server = v; });
+    edit(txtMailUser_, "txtMailUser", "empty: no login", [](MailSettings& m, const std::string& v) { m.User = v; });
+    edit(txtMailSender_, "txtMailSender", "you@example.org",
+         [](MailSettings& m, const std::string& v) { m.Sender = v; });
+    edit(txtMailPort_, "txtMailPort", "", [](MailSettings& m, const std::string& v) {
+        m.Port = v.empty() ? 0 : std::stoi(v);
+    });
+    txtMailPort_->setMaxLength(5);
+    txtMailPort_->setFixedWidth(56);
+    txtMailPort_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,5}"), txtMailPort_));
+    cboMailSecurity_->setObjectName("cboMailSecurity");
+    for (MailSecurity sec : {MailSecurity::StartTls, MailSecurity::Tls, MailSecurity::None})
+        cboMailSecurity_->addItem(qs(securityName(sec)), int(sec));
+    connect(cboMailSecurity_, &QComboBox::activated, this, &Preferences::securityChosen);
+
+    grid->addWidget(new QLabel("Server", g), 0, 0);
+    grid->addWidget(txtMailServer_, 0, 1, 1, 3);
+    grid->addWidget(new QLabel("Security", g), 1, 0);
+    grid->addWidget(cboMailSecurity_, 1, 1);
+    grid->addWidget(new QLabel("Port", g), 1, 2, Qt::AlignRight);
+    grid->addWidget(txtMailPort_, 1, 3);
+    grid->addWidget(new QLabel("User name", g), 2, 0);
+    grid->addWidget(txtMailUser_, 2, 1, 1, 3);
+    grid->addWidget(new QLabel("Your address", g), 3, 0);
+    grid->addWidget(txtMailSender_, 3, 1, 1, 3);
+    grid->setColumnStretch(1, 1);
+    return g;
+}
+
+void Preferences::showMail() {
+    mail_ = readMailSettings(controller_.session().Folder);
+    txtMailServer_->setText(QString::fromStdString(mail_.Server));
+    txtMailPort_->setText(QString::number(mail_.Port));
+    cboMailSecurity_->setCurrentIndex(cboMailSecurity_->findData(int(mail_.Security)));
+    txtMailUser_->setText(QString::fromStdString(mail_.User));
+    txtMailSender_->setText(QString::fromStdString(mail_.Sender));
+}
+
+void Preferences::changeMail(const std::function<void(MailSettings&)>& edit) {
+    MailSettings changed = mail_;
+    edit(changed);
+    mail_ = changed;
+    try {
+        writeMailSettings(controller_.session().Folder, mail_);
+        mailWriteTold_ = false;
+    } catch (const WriteError& e) {
+        if (mailWriteTold_) return;
+        mailWriteTold_ = true;
+        controller_.messages().refuse("Mail settings not saved",
+                                      "The file " + utf8ToCp1252(e.path) + " could not be written: " + e.reason +
+                                          ".\r\n\r\nThe settings are used until the program closes. Check "
+                                          "that the game folder can be written to.");
+    }
+}
+
+void Preferences::securityChosen(int index) {
+    const auto security = MailSecurity(cboMailSecurity_->itemData(index).toInt());
+    const SecurityChoice choice = chooseMailSecurity(mail_, security);
+    if (!choice.refusal.empty()) {
+        cboMailSecurity_->setCurrentIndex(cboMailSecurity_->findData(int(mail_.Security)));
+        controller_.messages().refuse("Mail security", choice.refusal);
+        return;
+    }
+    changeMail([&](MailSettings& m) { m = choice.settings; });
+    txtMailPort_->setText(QString::number(mail_.Port));
+}
+
 QWidget* Preferences::buildVidiprinter() {
     auto* g = new QGroupBox("Vidiprinter", this);
     auto* v = new QVBoxLayout(g);
@@ -271,6 +361,7 @@ bool Preferences::eventFilter(QObject* watched, QEvent* event) {
 void Preferences::sessionLoaded() {
     Screen::sessionLoaded();
     fillControls();
+    showMail();
     applyToScreens(false);  // Select club fills the screens next
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/preferences.h"
+#include "files/mail.h"
 #include "ui/screen.h"
 
 namespace kestrin::ui {
@@ -43,6 +44,7 @@ private:
     QWidget* buildTurnsheets();
     QWidget* buildFiles();
     QWidget* buildVidiprinter();
+    QWidget* buildMail();
 
     void fillControls();
     void showPictureOption(size_t which);
@@ -58,6 +60,11 @@ private:
     void pictureClicked(size_t which, int option);
     void injuryEdited(const QString& text);
     void browseFile(bool stats);
+    void showMail();
+    // Writes mail.ini with the change; a file that can't be written is told
+    // once until a write succeeds again.
+    void changeMail(const std::function<void(MailSettings&)>& edit);
+    void securityChosen(int index);
 
     std::array<QButtonGroup*, kBackgroundOptions.size()> pictureGroups_{};
     std::array<QRadioButton*, kBackgroundOptions.size()> fromFile_{};
@@ -70,6 +77,13 @@ private:
     QLineEdit* txtScoutFile_;
     QLineEdit* txtStatsFile_;
     FilePicker pickFile_;
+    QLineEdit* txtMailServer_;
+    QLineEdit* txtMailPort_;
+    QComboBox* cboMailSecurity_;
+    QLineEdit* txtMailUser_;
+    QLineEdit* txtMailSender_;
+    MailSettings mail_;
+    bool mailWriteTold_ = false;
 };
 
 }  // namespace kestrin::ui

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <memory>
 
 #include "core/errors.h"
 #include "core/gameini.h"
@@ -10,6 +11,7 @@
 #include "files/loadturn.h"
 #include "ui/qtext.h"
 #include "ui/screen.h"
+#include "ui/secrets.h"
 
 namespace kestrin::ui {
 
@@ -90,6 +92,16 @@ SessionController::SessionController(Messages& messages, QObject* parent) : QObj
                 if (done) emit notice("Stats Database refreshed");
                 emit statsRefreshed(done);
             });
+    auto store = std::make_shared<MailPasswordSource>();
+    password_.get = [this, store](const MailSettings& settings) { return store->get(settings, dialogParent_); };
+    password_.sent = [store](const MailSettings& settings, const std::string& password, bool sent) {
+        store->sent(settings, password, sent);
+    };
+}
+
+void SessionController::setMailTimeouts(long connectSeconds, long messageSeconds) {
+    mailOptions_.ConnectTimeoutSeconds = connectSeconds;
+    mailOptions_.TimeoutSeconds = messageSeconds;
 }
 
 bool SessionController::refreshStats(bool showDone) {
@@ -213,8 +225,74 @@ void SessionController::saveTurnsheet() {
 }
 
 void SessionController::sendTurnsheet() {
-    if (!hasClubs()) return;
-    sendTurnsheetsWithoutMail(session_, messages_);
+    if (!hasClubs() || sendingMail()) return;
+    const MailSettings settings = readMailSettings(session_.Folder);
+    std::optional<std::vector<MailMessage>> mail;
+    {
+        BusyPointer busy;
+        CursorFreeMessages messages(messages_);
+        mail = prepareTurnsheetMail(session_, messages);
+    }
+    if (!mail) return;
+    emit notice("Turnsheets saved");
+    if (!mail->empty() && !settings.configured()) {
+        tellMailNotSetUp(session_, messages_);
+        emit mailFinished(false);
+        return;
+    }
+    auto sent = *mail;
+    startMail("Sending turnsheets", settings, std::move(*mail), [this, sent](const MailOutcome& outcome) {
+        return tellTurnsheetOutcome(session_, sent, outcome, messages_);
+    });
+}
+
+void SessionController::sendPlayerDetails(const Club& club, const Player& player, const std::string& choice,
+                                          const std::string& detailsText) {
+    if (sendingMail()) return;
+    const DetailsMail mail = playerDetailsMessage(session_, club, player, choice, detailsText);
+    if (!mail.message) {
+        messages_.refuse(mail.title, mail.text);
+        return;
+    }
+    const MailSettings settings = readMailSettings(session_.Folder);
+    if (!settings.configured()) {
+        tellDetailsMailNotSetUp(messages_);
+        emit mailFinished(false);
+        return;
+    }
+    startMail("Sending player details", settings, {*mail.message}, [this, choice](const MailOutcome& outcome) {
+        return tellDetailsOutcome(choice, outcome, messages_);
+    });
+}
+
+bool SessionController::startMail(const QString& title, const MailSettings& settings, std::vector<MailMessage> mail,
+                                  std::function<bool(const MailOutcome&)> tell) {
+    MailOptions options = mailOptions_;
+    if (!settings.User.empty() && !mail.empty()) {
+        const std::optional<std::string> password = password_.get ? password_.get(settings) : std::nullopt;
+        if (!password) {
+            emit mailFinished(false);
+            return false;  // the manager cancelled: nothing to tell
+        }
+        options.Password = *password;
+    }
+    const std::string password = options.Password;
+    auto work = [this, settings, mail, options, title](const std::atomic<bool>& cancel) mutable {
+        options.Cancel = &cancel;
+        options.Progress = [this, &mail, title](size_t done, size_t total) {
+            if (done >= total) return;
+            const QString label = title + "\n" + qs(mail[done].Subject) + "\n(" + QString::number(done + 1) +
+                                  " of " + QString::number(total) + ")";
+            mailJob_.post([this, label, done, total] { mailJob_.showProgress(int(done), int(total), label); });
+        };
+        mailOutcome_ = sendMail(settings, mail, options);
+    };
+    auto done = [this, settings, password, tell = std::move(tell)] {
+        const bool sent = tell(mailOutcome_);
+        if (!settings.User.empty() && password_.sent) password_.sent(settings, password, sent);
+        emit mailFinished(sent);
+    };
+    return mailJob_.start({"MailProgress", title, title}, dialogParent_, std::move(work), std::move(done));
 }
 
 void SessionController::clearTurns(bool allClubs) {
@@ -234,6 +312,7 @@ void SessionController::clearTurns(bool allClubs) {
 
 void SessionController::closing() {
     statsRefresh_.cancelAndWait();
+    mailJob_.cancelAndWait();
     closingSavePrompt(session_, messages_);
 }
 

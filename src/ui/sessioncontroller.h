@@ -6,11 +6,16 @@
 #include <QObject>
 #include <QString>
 #include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "core/clubview.h"
 #include "core/messages.h"
 #include "core/session.h"
+#include "files/mail.h"
+#include "ui/backgroundjob.h"
 #include "ui/statsrefresh.h"
 
 namespace kestrin::ui {
@@ -54,7 +59,23 @@ public:
     void changePicture(Picture which, const std::string& nativePath);
 
     void saveTurnsheet();
+    // Saves, then mails every Turnsheet off the interface thread; a second
+    // send while one runs is refused quietly.
     void sendTurnsheet();
+    // One player's details to the manager chosen (or "(All Managers)").
+    void sendPlayerDetails(const Club& club, const Player& player, const std::string& choice,
+                           const std::string& detailsText);
+    bool sendingMail() const { return mailJob_.running(); }
+
+    // Where the password of a login comes from, and what is told of it after
+    // the send. The secret store and a password dialog unless replaced.
+    struct PasswordProvider {
+        std::function<std::optional<std::string>(const MailSettings&)> get;  // nothing: the manager cancelled
+        std::function<void(const MailSettings&, const std::string& password, bool sent)> sent;
+    };
+    void setPasswordProvider(PasswordProvider provider) { password_ = std::move(provider); }
+    // Time limits of each send; the defaults unless replaced.
+    void setMailTimeouts(long connectSeconds, long messageSeconds);
     // Asks, deletes the Turnsheets and reloads.
     void clearTurns(bool allClubs);
     // The program is closing: the save prompt, once.
@@ -78,6 +99,8 @@ signals:
     void notice(const QString& text);
     // A Stats refresh ended, its messages shown; `done` when rows were stored.
     void statsRefreshed(bool done);
+    // A send ended and its outcome was told.
+    void mailFinished(bool sent);
 
 private:
     // A whole new session is in session_: every screen shows it.
@@ -87,7 +110,16 @@ private:
     Session session_;
     ClubView view_;
     std::vector<Screen*> screens_;
+    // Sends off the interface thread with a progress dialog, then `tell`
+    // shows the outcome; false when a send is running.
+    bool startMail(const QString& title, const MailSettings& settings, std::vector<MailMessage> mail,
+                   std::function<bool(const MailOutcome&)> tell);
+
     StatsRefresh statsRefresh_;
+    BackgroundJob mailJob_;
+    MailOutcome mailOutcome_;  // written by the send's worker, read once it is done
+    MailOptions mailOptions_;
+    PasswordProvider password_;
     QWidget* dialogParent_ = nullptr;
 };
 

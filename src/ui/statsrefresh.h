@@ -4,15 +4,11 @@
 // cancel. Only the interface thread touches the session: the worker gets a
 // copy of what it needs and its messages are shown once it is done.
 #include <QObject>
-#include <QPointer>
-#include <QProgressDialog>
-#include <atomic>
-#include <memory>
-#include <thread>
 
 #include "core/messages.h"
 #include "core/session.h"
 #include "stats/refresh.h"
+#include "ui/backgroundjob.h"
 
 namespace kestrin::ui {
 
@@ -25,7 +21,7 @@ public:
     // Starts a refresh of the session's week; false when one is running.
     // `showDone` asks for the closing message. `dialogParent` may be null.
     bool start(const Session& session, bool showDone, QWidget* dialogParent);
-    bool running() const { return worker_.joinable(); }
+    bool running() const { return job_.running(); }
     // Lets a running refresh finish before its files change under it.
     void wait();
     // Asks the running refresh to stop and waits for it; the database is left
@@ -38,14 +34,9 @@ signals:
     void finished(const kestrin::stats::RefreshResult& result, const kestrin::RecordingMessages& messages);
 
 private:
-    void workerDone();
-
-    std::thread worker_;
-    std::atomic<bool> cancel_{false};
-    std::atomic<bool> donePending_{false};  // the worker ended; its results are not yet told
-    stats::RefreshResult result_;
+    BackgroundJob job_;
+    stats::RefreshResult result_;  // written by the worker, read once it is done
     RecordingMessages messages_;
-    QPointer<QProgressDialog> dialog_;
 };
 
 }  // namespace kestrin::ui
