@@ -359,8 +359,11 @@ void AdminScreen::refuse(const OrderResult& result) {
 
 void AdminScreen::changed(AdminSlot slot) {
     if (filling()) return;
+    const int before = option();
     selectOption(adminOptionOf(slot.field));
     const Club& club = *controller_.session().current();
+    // Choosing Create Player through its controls is a choice of it too.
+    if (option() == 10 && before != 10) refuse(checkCreatePlayer(club));
     switch (slot.field) {
         case F::SSR_Pos: case F::SSR_Int: case F::SSR_Sign: case F::SSR_Skill: case F::SSR_Min: case F::SSR_Max:
             showScoutPoints();

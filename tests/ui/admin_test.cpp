@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QtTest>
 
 #include "core/gamefolder.h"
@@ -57,6 +58,7 @@ class AdminTest : public QObject {
     Q_OBJECT
 private slots:
     void specialPhysioKeptWhenLeaving();
+    void fitsTheLeastWindow();
     void moneyChecks_data();
     void moneyChecks();
     void forcedSkillListsAndSentence();
@@ -106,6 +108,19 @@ void AdminTest::specialPhysioKeptWhenLeaving() {
     QVERIFY(g.messages.entries.empty());
 }
 
+void AdminTest::fitsTheLeastWindow() {
+    Admin g;
+    g.window->resize(g.window->minimumSize());
+    QCoreApplication::processEvents();
+    auto* page = g.screen()->findChild<QWidget*>("adminPage");
+    auto* scroll = g.screen()->findChild<QScrollArea*>();
+    QVERIFY(page && scroll);
+    QVERIFY2(page->minimumSizeHint().width() <= scroll->viewport()->width(),
+             qPrintable(QString("%1 > %2").arg(page->minimumSizeHint().width()).arg(scroll->viewport()->width())));
+    for (QWidget* w : page->findChildren<QWidget*>())
+        if (w->isVisible()) QVERIFY2(w->mapTo(page, QPoint(w->width(), 0)).x() <= page->width(), qPrintable(w->objectName()));
+}
+
 void AdminTest::moneyChecks_data() {
     QTest::addColumn<QString>("control");  // an option button, or a list and its entry
     QTest::addColumn<QString>("entry");
@@ -118,6 +133,10 @@ void AdminTest::moneyChecks_data() {
                                                << "Your club cannot afford to do this.  It would cost 10 million" +
                                                       current + "9999999"
                                                << "";
+    QTest::newRow("create player by its position") << "CP_Position" << "Goalkeeper" << 9999999 << 0
+                                                   << "Your club cannot afford to do this.  It would cost 10 million" +
+                                                          current + "9999999"
+                                                   << "";
     QTest::newRow("create player, enough") << "optAdmin10" << "" << 10000000 << 10 << "" << "";
     QTest::newRow("fast track, too little") << "FTD_Dept" << "Scout" << 2000000 << 0
                                             << "Your club cannot afford to do this.  It would cost 2250000" + current +
@@ -225,6 +244,7 @@ void AdminTest::scoutPointsFollowTheControls() {
 
 void AdminTest::eachClubKeepsItsOwnRecord() {
     Admin g;
+    g.club(1).Balance = 20000000;  // Create Player is affordable
     QComboBox* team = g.teamList("Admin");
     g.pick("DS_Swap", "Groundsman");
     team->setCurrentIndex(1);
