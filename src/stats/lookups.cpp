@@ -185,14 +185,17 @@ int positionNumber(std::string_view code) {
 std::string compressString(std::string_view text) {
     uLongf size = uLongf(double(text.size()) * 1.01 + 13);
     if (size < compressBound(uLong(text.size()))) size = compressBound(uLong(text.size()));
-    std::string out(size, '\0');
-    const int rc = compress(reinterpret_cast<Bytef*>(out.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
-                            uLong(text.size()));
+    // Compressed in place behind its length, so the output is not copied again.
+    std::string out = std::to_string(text.size()) + ":";
+    const size_t head = out.size();
+    out.resize(head + size);
+    const int rc = compress(reinterpret_cast<Bytef*>(out.data() + head), &size,
+                            reinterpret_cast<const Bytef*>(text.data()), uLong(text.size()));
     if (rc == Z_MEM_ERROR) throw std::runtime_error("Insufficient memory to compress string");
     if (rc == Z_BUF_ERROR) throw std::runtime_error("Insufficient space in output buffer to compress string");
     if (rc != Z_OK) throw std::runtime_error("Unknown error during compress operation");
-    out.resize(size);
-    return std::to_string(text.size()) + ":" + out;
+    out.resize(head + size);
+    return out;
 }
 
 void ClubLookup::clear() {
@@ -205,7 +208,8 @@ void ClubLookup::clear() {
 void ClubLookup::add(std::string_view code, std::string_view name) {
     if (entries_.size() >= kMaxClubEntries) return;
     // Fixed-width entries: a longer name is known only by its first 20 characters.
-    Entry e{trim(fixedWidth(code, 5)), trim(fixedWidth(name, 20)), trim(fixedWidth(name, 15))};
+    // Cutting before trimming gives what padding to the width and trimming would.
+    Entry e{trim(code.substr(0, 5)), trim(name.substr(0, 20)), trim(name.substr(0, 15))};
     const int number = int(entries_.size()) + 1;
     byName_.emplace(upper(e.name), number);
     byTruncated_.emplace(upper(e.truncated), number);

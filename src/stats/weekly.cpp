@@ -23,8 +23,8 @@ void loadClubs(StatsStore& store, const Lines& lines) {
     for (const std::string& line : lines) {
         const size_t at = line.find(" - ");
         if (at == std::string::npos) continue;
-        const std::string name = trim(line.substr(0, at));
-        const std::string code = trim(line.substr(at + 3));
+        const std::string name = trim(std::string_view(line).substr(0, at));
+        const std::string code = trim(std::string_view(line).substr(at + 3));
         if (name == "#NULL#" || code == "#NULL#") continue;
         store.addClub(code, name, name.substr(0, std::min<size_t>(15, name.size())));
         store.clubs.add(code, name);
