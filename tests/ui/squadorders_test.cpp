@@ -616,8 +616,7 @@ void SquadOrdersTest::playerDetailsAreSaved() {
     QVERIFY(text.rfind("Player details, sent from " + s.club().Name + "\r\n\r\n", 0) == 0);
     QCOMPARE(d->findChild<QPlainTextEdit*>("EmailText")->toPlainText(), qs(text));
     auto* email = d->findChild<QPushButton*>("btnEmailDetails");
-    QVERIFY(!email->isEnabled());
-    QVERIFY(email->text().contains("e-mail") && email->text().contains("later"));
+    QVERIFY(email && email->isEnabled());  // sending is the mail tests' part
 
     if (diskFull)
         atomicWriteFaultHook = [](const fs::path& tmp) { throw WriteError(tmp.string(), "No space left on device"); };
