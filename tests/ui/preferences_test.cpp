@@ -46,6 +46,7 @@ struct WriteCounter {
 class PreferencesTest : public QObject {
     Q_OBJECT
 private slots:
+    void everyFieldShowsInTheLeastWindow();
     void anOptionIsWrittenAtOnce_data();
     void anOptionIsWrittenAtOnce();
     void injuryFigureHeldToItsRange_data();
@@ -345,6 +346,22 @@ void PreferencesTest::aFileThatCannotBeWrittenIsTold() {
                      "change again to keep it."));
     QCOMPARE(int(g.session().Prefs.RetTurn), 1);
     QVERIFY(!retain->isChecked());
+}
+
+void PreferencesTest::everyFieldShowsInTheLeastWindow() {
+    UiGame g;
+    g.window->resize(g.window->minimumSize());
+    g.window->showScreen("Preferences");
+    QCoreApplication::processEvents();
+    QWidget* screen = g.window->screen("Preferences");
+    for (QWidget* w : screen->findChildren<QWidget*>()) {
+        if (!w->isVisible() || !(qobject_cast<QLineEdit*>(w) || qobject_cast<QAbstractButton*>(w) ||
+                                 qobject_cast<QComboBox*>(w)))
+            continue;
+        const QRect at(w->mapTo(screen, QPoint(0, 0)), w->size());
+        QVERIFY2(screen->rect().contains(at), qPrintable(w->objectName() + " lies outside the screen"));
+        QVERIFY2(w->height() >= w->minimumSizeHint().height(), qPrintable(w->objectName() + " is squashed"));
+    }
 }
 
 QTEST_MAIN(PreferencesTest)
