@@ -623,4 +623,30 @@ bool sendPlayerDetails(const Session& session, const Club& club, const Player& p
     return tellDetailsOutcome(choice, sendMail(settings, {*mail.message}, options), messages);
 }
 
+MailMessage adminMailMessage(const Session& session, const std::string& text) {
+    return {session.Game.AdminAddress, "Weekly administration", text};
+}
+
+namespace {
+constexpr std::string_view kAdminManualWay =
+    "Use \"Save Admin to File\" and e-mail the file AdminFile.txt to your game administrator yourself.";
+}
+
+void tellAdminMailNotSetUp(Messages& messages) {
+    messages.refuse("Admin not sent",
+                    "No mail server is set up yet. " + std::string(kMailSetUpAdvice) + "\r\n\r\n" +
+                        std::string(kAdminManualWay));
+}
+
+bool tellAdminOutcome(const MailOutcome& outcome, Messages& messages) {
+    if (outcome.ok()) {
+        messages.inform(std::string(kAdminSentTitle), std::string(kAdminSentText));
+        return true;
+    }
+    if (outcome.Status == MailStatus::Cancelled) return false;
+    messages.refuse("Admin not sent", "The Weekly Administration could not be sent: " + outcome.Reason +
+                                          ".\r\n\r\n" + std::string(kAdminManualWay));
+    return false;
+}
+
 }  // namespace kestrin

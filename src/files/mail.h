@@ -143,6 +143,14 @@ DetailsMail playerDetailsMessage(const Session& session, const Club& club, const
 void tellDetailsMailNotSetUp(Messages& messages);
 // Tells "Email sent" or "Problem in emailing file". Returns whether it was sent.
 bool tellDetailsOutcome(std::string_view choice, const MailOutcome& outcome, Messages& messages);
+
+// The Weekly Administration text to the administrator, "Weekly administration".
+MailMessage adminMailMessage(const Session& session, const std::string& text);
+inline constexpr std::string_view kAdminSentTitle = "Admin sent";
+inline constexpr std::string_view kAdminSentText = "Weekly Administation e-mail Sent OK";
+// The outcome, or mail not set up, told with the manual way: the saved file.
+void tellAdminMailNotSetUp(Messages& messages);
+bool tellAdminOutcome(const MailOutcome& outcome, Messages& messages);
 // Builds, sends and tells.
 bool sendPlayerDetails(const Session& session, const Club& club, const Player& player, std::string_view choice,
                        std::string_view detailsText, const MailSettings& settings, const MailOptions& options,

@@ -370,17 +370,6 @@ bool saveAdminText(const Session& session, Messages& messages) {
     return true;
 }
 
-bool sendAdminTextWithoutMail(const Session& session, Messages& messages) {
-    const std::string path = writeAdminText(session, messages);
-    if (path.empty()) return false;
-    const std::string to =
-        session.Game.AdminAddress.empty() ? std::string("your game administrator") : session.Game.AdminAddress;
-    messages.inform(kAdminNotSentTitle,
-                    "Sending by e-mail is not yet available: it comes with the mail settings.\r\n\r\nThe admin "
-                    "has been saved into the file " + utf8ToCp1252(path) + ". Please send it to " + to + " yourself.");
-    return true;
-}
-
 // ---- The form ------------------------------------------------------------------
 
 namespace {

@@ -162,9 +162,5 @@ AdminPlayerLists adminPlayerLists(const Club& club);
 // TR_Player for an export club: "(" Position ") " Name.
 std::vector<std::string> exportPlayerLines(const ExportClub& club);
 
-// btnEmailAdmin while there is no mail: the text saved as btnSaveAdmin
-// saves it, and one message that says where it is and that it is not sent.
-bool sendAdminTextWithoutMail(const Session& session, Messages& messages);
-inline constexpr const char* kAdminNotSentTitle = "Admin not sent";
 
 }  // namespace kestrin

@@ -146,7 +146,7 @@ AdminScreen::AdminScreen(SessionController& controller, QWidget* parent)
     });
     connect(email, &QPushButton::clicked, this, [this] {
         createLine();
-        sendAdminTextWithoutMail(controller_.session(), controller_.messages());
+        controller_.sendAdmin();
     });
     connect(back, &QPushButton::clicked, this, [this] {
         createLine();

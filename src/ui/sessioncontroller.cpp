@@ -9,6 +9,7 @@
 #include "core/gameini.h"
 #include "core/loader.h"
 #include "files/loadturn.h"
+#include "orders/admin.h"
 #include "ui/qtext.h"
 #include "ui/screen.h"
 #include "ui/secrets.h"
@@ -244,6 +245,19 @@ void SessionController::sendTurnsheet() {
     startMail("Sending turnsheets", settings, std::move(*mail), [this, sent](const MailOutcome& outcome) {
         return tellTurnsheetOutcome(session_, sent, outcome, messages_);
     });
+}
+
+void SessionController::sendAdmin() {
+    if (!hasClubs() || sendingMail()) return;
+    const std::string text = adminText(session_, messages_);
+    const MailSettings settings = readMailSettings(session_.Folder);
+    if (!settings.configured()) {
+        tellAdminMailNotSetUp(messages_);
+        emit mailFinished(false);
+        return;
+    }
+    startMail("Sending Weekly Administration", settings, {adminMailMessage(session_, text)},
+              [this](const MailOutcome& outcome) { return tellAdminOutcome(outcome, messages_); });
 }
 
 void SessionController::sendPlayerDetails(const Club& club, const Player& player, const std::string& choice,

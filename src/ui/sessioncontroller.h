@@ -63,6 +63,8 @@ public:
     // send while one runs is refused quietly.
     void sendTurnsheet();
     // One player's details to the manager chosen (or "(All Managers)").
+    // btnEmailAdmin: the Weekly Administration text of every club to the administrator.
+    void sendAdmin();
     void sendPlayerDetails(const Club& club, const Player& player, const std::string& choice,
                            const std::string& detailsText);
     bool sendingMail() const { return mailJob_.running(); }

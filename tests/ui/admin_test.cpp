@@ -64,7 +64,6 @@ private slots:
     void forcedSkillListsAndSentence();
     void scoutPointsFollowTheControls();
     void eachClubKeepsItsOwnRecord();
-    void textSavedForTheAdministrator_data();
     void textSavedForTheAdministrator();
 };
 
@@ -272,16 +271,8 @@ void AdminTest::eachClubKeepsItsOwnRecord() {
     QVERIFY(!g.record(2).written(AdminField::SSR_Int));  // never shown on this screen: never written
 }
 
-void AdminTest::textSavedForTheAdministrator_data() {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("title");
-    QTest::newRow("save") << "btnSaveAdmin" << "Manual Admin E-mail File Saved";
-    QTest::newRow("e-mail, no mail yet") << "btnEmailAdmin" << "Admin not sent";
-}
-
 void AdminTest::textSavedForTheAdministrator() {
-    QFETCH(QString, button);
-    QFETCH(QString, title);
+    const QString button = "btnSaveAdmin", title = "Manual Admin E-mail File Saved";
     Admin g;
     g.club(0).Name = "KESTREL ROVERS";  // only capitals go to the administrator
     g.club(2).Name = "PORT VALE";

@@ -8,6 +8,7 @@
 
 #include "files/mail.h"
 #include "support/smtpserver.h"
+#include "ui/admin.h"
 #include "ui/qtext.h"
 #include "uitest.h"
 
@@ -50,6 +51,8 @@ private slots:
     void preferencesKeepTheSettings();
     void sendTurnsheet_data();
     void sendTurnsheet();
+    void sendAdmin_data();
+    void sendAdmin();
 };
 
 void MailTest::preferencesKeepTheSettings_data() {
@@ -154,6 +157,47 @@ void MailTest::sendTurnsheet() {
     if (configure) {
         QCOMPARE(int(kept.size()), 1);
         QCOMPARE(kept[0], std::make_pair(typedPassword.toStdString(), wantReceived > 0));
+    }
+}
+
+void MailTest::sendAdmin_data() {
+    QTest::addColumn<bool>("configure");
+    QTest::addColumn<QString>("wantTitle");
+    QTest::addColumn<QString>("wantText");
+    QTest::newRow("sent") << true << "Admin sent" << "Weekly Administation e-mail Sent OK";
+    QTest::newRow("not set up") << false << "Admin not sent" << "Save Admin to File";
+}
+
+void MailTest::sendAdmin() {
+    QFETCH(bool, configure);
+    QFETCH(QString, wantTitle);
+    QFETCH(QString, wantText);
+    SmtpServer server({"plain", "manager", "secret", {}});
+    QVERIFY(server.port() > 0);
+    UiGame g;
+    g.session().Clubs[0].Name = "KESTREL ROVERS";  // only capitals go to the administrator
+    if (configure) enterSettings(g, server, "manager");
+    g.controller->setPasswordProvider(
+        {[](const MailSettings&) { return std::optional<std::string>("secret"); },
+         [](const MailSettings&, const std::string&, bool) {}});
+    g.controller->setMailTimeouts(5, 10);
+    QSignalSpy finished(g.controller.get(), &ui::SessionController::mailFinished);
+    g.window->showScreen("Admin");
+    g.controller->selectClub(0);
+    g.window->findChild<ui::AdminScreen*>()->chooseOption(11);
+    g.messages.entries.clear();
+    g.button("Admin", "btnEmailAdmin")->click();
+    QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, 20000);
+
+    const auto& told = g.messages.entries.back();
+    QCOMPARE(ui::qs(told.title), wantTitle);
+    QVERIFY2(ui::qs(told.text).contains(wantText), told.text.c_str());
+    const std::vector<Received> got = server.messages();
+    QCOMPARE(int(got.size()), configure ? 1 : 0);
+    if (configure) {
+        QCOMPARE(QString::fromStdString(got[0].header("Subject")), QString("Weekly administration"));
+        QCOMPARE(QString::fromStdString(got[0].to.at(0)), ui::qs(g.session().Game.AdminAddress));
+        QVERIFY(QString::fromStdString(got[0].body).contains("KESTREL ROVERS: Away Game Screening"));
     }
 }
 
