@@ -343,6 +343,11 @@ bool AdminScreen::filling() const {
 
 void AdminScreen::createLine() { createAdminLine(controller_.session(), form(), controller_.messages()); }
 
+void AdminScreen::hideEvent(QHideEvent* event) {
+    if (controller_.hasClubs()) createLine();
+    Screen::hideEvent(event);
+}
+
 void AdminScreen::chooseOption(int option) { options_[size_t(option)]->click(); }
 
 void AdminScreen::selectOption(int option) {

@@ -38,6 +38,8 @@ public:
 
 protected:
     void enableForClubs(bool hasClubs) override;
+    // Leaving the screen by any way, closing the program too, keeps the order.
+    void hideEvent(QHideEvent* event) override;
 
 private:
     QWidget* card(int option, QVBoxLayout* column);
