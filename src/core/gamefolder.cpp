@@ -124,6 +124,10 @@ void GameFolder::ensureFolder(std::string_view relative) const {
 }
 
 std::string readFileBytes(const fs::path& path) {
+    // A folder opens as a stream on this system, and its size is nonsense.
+    std::error_code ec;
+    if (fs::is_directory(path, ec))
+        throw GameFileError(path.filename().string(), 0, "a file", "a folder of that name");
     std::ifstream in(path, std::ios::binary);
     if (!in) throw GameFileError(path.filename().string(), 0, "a readable file", "no such file or no permission");
     std::string bytes;

@@ -63,11 +63,14 @@ TEST(AtomicWrite, AFailedWriteKeepsTheOldFileAndLeavesNoTemporary) {
 
 TEST(AtomicWrite, UnreadableFileIsAGameFileError) {
     test::TempDir dir;
-    try {
-        readLines(dir.path() / "nothing.txt");
-        FAIL() << "no error";
-    } catch (const GameFileError& e) {
-        EXPECT_EQ(e.file, "nothing.txt");
-        EXPECT_EQ(e.line, 0);
+    dir.write("folder.txt/inside", "x");  // a folder where a file is looked for
+    for (const char* name : {"nothing.txt", "folder.txt"}) {
+        try {
+            readLines(dir.path() / name);
+            FAIL() << "no error for " << name;
+        } catch (const GameFileError& e) {
+            EXPECT_EQ(e.file, name);
+            EXPECT_EQ(e.line, 0);
+        }
     }
 }
