@@ -727,3 +727,11 @@ void League::weekNews() {
 }
 
 }  // namespace kestrin::demo
+
+namespace kestrin::demo {
+
+void League::playToSeasonEnd() {
+    while (standing(table(1)[0]).played < 38) nextWeek();
+}
+
+}  // namespace kestrin::demo

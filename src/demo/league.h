@@ -143,6 +143,8 @@ public:
     // The league one week on: injuries heal and happen, bans are served,
     // loans and contracts run down, new fixtures, money and credits move.
     void nextWeek();
+    // Weeks on until the first league's tables reach a full season of 38 games.
+    void playToSeasonEnd();
 
     // The files of the current week, Windows-1252 with CR LF.
     std::string squadsheetFileName(const DemoClub& club) const;

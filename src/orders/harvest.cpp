@@ -388,11 +388,7 @@ LastWeekBoxes lastWeekBoxesOf(const std::vector<std::string>& lines) {
 LastWeekBoxes lastWeekBoxes(const Session& session, const Club& club) {
     const std::string name = "Squadsheets/" + harvestSquadsheetName(club);
     if (!session.Folder.exists(name)) return {};
-    try {
-        return lastWeekBoxesOf(readLines(session.Folder.resolve(name)));
-    } catch (const GameFileError&) {
-        return {};  // the harvest has told the manager
-    }
+    return lastWeekBoxesOf(readLines(session.Folder.resolve(name)));
 }
 
 }  // namespace kestrin

@@ -32,6 +32,8 @@ std::string turnDateOf(std::string_view turnStamp);
 inline constexpr std::array<const char*, 7> kLastWeekBoxes = {"txtCoach", "txtPhysio", "txtInj",  "txtScout",
                                                               "txtRes",   "txtOne",    "txtOther"};
 using LastWeekBoxes = std::array<std::string, 7>;
+// Empty boxes when the club has no Squadsheet; throws GameFileError when it
+// can't be read.
 LastWeekBoxes lastWeekBoxes(const Session& session, const Club& club);
 // The same from the lines of a Squadsheet (for tests and fuzzing).
 LastWeekBoxes lastWeekBoxesOf(const std::vector<std::string>& squadsheetLines);

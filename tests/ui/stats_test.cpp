@@ -105,11 +105,8 @@ void StatsTest::honoursAtTheSeasonsEnd() {
     DemoOptions o = smallDemo(7, 40);
     o.clubs = 3;
     demo::League league(o);
-    o.weeks = 1;
-    while (league.standing(league.table(1)[0]).played < 38) {
-        league.nextWeek();
-        ++o.weeks;
-    }
+    league.playToSeasonEnd();
+    o.weeks = league.week();
     UiGame g{UiGame::Empty{}};
     makeDemoLeague(g.dir.path(), o);
     g.open();
