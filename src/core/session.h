@@ -8,6 +8,7 @@
 #include "core/gameini.h"
 #include "core/records.h"
 #include "core/settings.h"
+#include "orders/scoutfile.h"
 
 namespace kestrin {
 
@@ -40,6 +41,9 @@ struct Session {
     std::string TickerText;
     std::vector<ManagerEntry> ManagerList;
     std::vector<NewsItem> News;
+    // SCOUT.TXT as it stood after the harvest, with deletions made since;
+    // at most kMaxScoutTable records, a blank name marking a deleted one.
+    std::vector<ScoutRecord> ScoutTable;
     // A new turn was harvested: the Stats database is to be refreshed with it.
     bool StatsRefreshDue = false;
 

@@ -16,9 +16,11 @@ OrderResult OrderResult::refuse(std::string title, std::string text) {
     return r;
 }
 
+OrderResult OrderResult::declined() { return OrderResult{}; }
+
 bool settleOrder(Session& session, const OrderResult& result, Messages& messages) {
     if (!result.accepted) {
-        messages.refuse(result.title, result.text);
+        if (!result.isDeclined()) messages.refuse(result.title, result.text);
         return false;
     }
     session.TurnChanged = true;

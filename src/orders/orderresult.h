@@ -21,12 +21,17 @@ struct OrderResult {
 
     static OrderResult accept(std::string line = {});
     static OrderResult refuse(std::string title, std::string text);
+    // The manager answered No to a question on the way: nothing changed and
+    // nothing more is shown (an empty title and text).
+    static OrderResult declined();
+    bool isDeclined() const { return !accepted && title.empty() && text.empty(); }
     explicit operator bool() const { return accepted; }
 };
 
 // How every order handler of a screen ends: a refusal is shown with the
-// critical sign, anything accepted sets TurnChanged. The screen then rebuilds
-// its order lists. Returns whether the order was accepted.
+// critical sign (a declined order shows nothing), anything accepted sets
+// TurnChanged. The screen then rebuilds its order lists. Returns whether the
+// order was accepted.
 bool settleOrder(Session& session, const OrderResult& result, Messages& messages);
 
 // The name a grid row stands for: its text cut at the first "(" and trimmed,
