@@ -12,6 +12,7 @@
 #include "ui/lastweek.h"
 #include "ui/loadturndialog.h"
 #include "ui/mainmenu.h"
+#include "ui/matchviewer.h"
 #include "ui/memoform.h"
 #include "ui/newsscreen.h"
 #include "ui/notepad.h"
@@ -39,6 +40,7 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
     addScreen(new NewsScreen(controller_, stack_));
     addScreen(new Preferences(controller_, stack_));
     addScreen(new AdminScreen(controller_, stack_));
+    addScreen(new Matchviewer(controller_, stack_));
     addDialog("LoadTurn", [this] { LoadTurnDialog::openOver(this, controller_); });
     addDialog("Honours", [this] { HonoursDialog::openOver(this, controller_); });
     addDialog("RefreshStats", [this] { controller_.refreshStats(true); });
