@@ -10,6 +10,7 @@
 #include "files/turnsheet.h"
 #include "match/pitch.h"
 #include "orders/harvest.h"
+#include "orders/scouthistory.h"
 
 namespace kestrin {
 
@@ -184,6 +185,13 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
                                   "with Load New Turn to get a correct copy."));
     }
     harvestReports(s, messages);
+    try {
+        s.ScoutTable = loadScoutTable(s);
+    } catch (const GameFileError& e) {
+        report(s, messages, "Scout history could not be read",
+               unreadableFileText("scout history", e,
+                                  "The scout history and the skill comparison show no scouted players this session."));
+    }
 
     s.CurrentClub = 0;
 
