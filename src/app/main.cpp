@@ -1,16 +1,20 @@
 // kestrin: the manager's program. `kestrin [GAME_DIR]` runs the game in
-// GAME_DIR, else $KESTRIN_HOME, else ~/Kestrin. `kestrin --snapshot OUTDIR
-// [GAME_DIR]` writes a picture of every screen and exits.
+// GAME_DIR, else $KESTRIN_HOME, else the last game opened that is still
+// there, else ~/Kestrin. `kestrin --snapshot OUTDIR [GAME_DIR]` writes a
+// picture of every screen and exits; `kestrin --version` prints the version.
 #include <QApplication>
+#include <QIcon>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <string>
 
+#include "kestrin_version.h"
 #include "ui/look.h"
 #include "ui/mainwindow.h"
 #include "ui/qtmessages.h"
+#include "ui/recentfolders.h"
 #include "ui/sessioncontroller.h"
 #include "ui/snapshot.h"
 
@@ -20,12 +24,14 @@ namespace {
 
 fs::path defaultGameFolder() {
     if (const char* home = std::getenv("KESTRIN_HOME"); home && *home) return home;
+    if (auto last = kestrin::ui::lastGameFolder()) return *last;
     const char* user = std::getenv("HOME");
     return fs::path(user && *user ? user : ".") / "Kestrin";
 }
 
 int usage() {
-    std::fprintf(stderr, "usage: kestrin [GAME_DIR]\n       kestrin --snapshot OUTDIR [GAME_DIR]\n");
+    std::fprintf(stderr,
+                 "usage: kestrin [GAME_DIR]\n       kestrin --snapshot OUTDIR [GAME_DIR]\n       kestrin --version\n");
     return 2;
 }
 
@@ -35,6 +41,10 @@ int main(int argc, char** argv) {
     bool snapshot = false;
     fs::path outDir;
     fs::path gameFolder;
+    if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+        std::printf("kestrin %s\n", kestrin::kVersion);
+        return 0;
+    }
     int i = 1;
     if (i < argc && std::strcmp(argv[i], "--snapshot") == 0) {
         if (i + 1 >= argc) return usage();
@@ -51,6 +61,10 @@ int main(int argc, char** argv) {
 
     QApplication app(argc, argv);
     QApplication::setApplicationName("Kestrin");
+    QApplication::setApplicationVersion(kestrin::kVersion);
+    // The desktop matches the window to its menu entry and icon by this name.
+    QGuiApplication::setDesktopFileName("org.kestrin.Kestrin");
+    QApplication::setWindowIcon(QIcon::fromTheme("org.kestrin.Kestrin"));
     kestrin::ui::applyLook(app);
 
     if (snapshot) return kestrin::ui::renderSnapshots(gameFolder, outDir);

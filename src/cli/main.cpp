@@ -20,6 +20,7 @@
 #include "stats/refresh.h"
 
 #include "demo/demo.h"
+#include "kestrin_version.h"
 
 using nlohmann::json;
 using namespace kestrin;
@@ -35,7 +36,8 @@ constexpr const char* kUsage =
     "       kestrin-cli --game-dir DIR honours CLUB\n"
     "       kestrin-cli --game-dir DIR send-turnsheets [--dry-run]\n"
     "       kestrin-cli --game-dir DIR admin-text\n"
-    "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n";
+    "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n"
+    "       kestrin-cli --version\n";
 
 int usage(const std::string& why = {}) {
     if (!why.empty()) std::cerr << "kestrin-cli: " << why << "\n";
@@ -502,6 +504,10 @@ int runDemo(const std::vector<std::string>& args) {
 int main(int argc, char** argv) {
     std::vector<std::string> args(argv + 1, argv + argc);
     if (args.empty()) return usage();
+    if (args.size() == 1 && args[0] == "--version") {
+        std::cout << "kestrin-cli " << kVersion << "\n";
+        return 0;
+    }
     try {
         if (args[0] == "--game-dir") {
             if (args.size() < 3) return usage("--game-dir needs a folder and a command");

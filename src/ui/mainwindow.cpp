@@ -2,10 +2,14 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QFileDialog>
+#include <QMenuBar>
 #include <QStatusBar>
 
 #include "core/clubview.h"
+#include "core/loader.h"
 #include "files/news.h"
+#include "ui/about.h"
 #include "ui/admin.h"
 #include "ui/fixt.h"
 #include "ui/honours.h"
@@ -19,8 +23,10 @@
 #include "ui/pitchgrid.h"
 #include "ui/preferences.h"
 #include "ui/qtext.h"
+#include "ui/recentfolders.h"
 #include "ui/squadscreen.h"
 #include "ui/tickerform.h"
+#include "ui/widgets.h"
 
 namespace kestrin::ui {
 
@@ -78,6 +84,7 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
     });
     connect(&controller_, &SessionController::notice, this,
             [this](const QString& text) { statusBar()->showMessage(text, 5000); });
+    makeMenus();
     showScreen("MainMenu");
 }
 
@@ -90,7 +97,9 @@ void MainWindow::addScreen(Screen* screen) {
 
 bool MainWindow::start(const std::filesystem::path& gameFolder) {
     interactive_ = true;
-    return controller_.load(gameFolder);
+    if (!controller_.load(gameFolder)) return false;
+    noteRecentGameFolder(gameFolder);
+    return true;
 }
 
 void MainWindow::replayReports() {
@@ -155,6 +164,80 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         controller_.closing();
     }
     event->accept();
+}
+
+bool MainWindow::openGameFolder(const QString& folder) {
+    const std::filesystem::path path = nativePath(folder);
+    if (!holdsGame(path)) {
+        controller_.messages().refuse(kMissingGameIniTitle, kMissingGameIniText);
+        return false;
+    }
+    controller_.closing();  // leaving a game asks what closing asks
+    if (!controller_.load(path)) {
+        show();  // game.ini went away meanwhile: stay reachable for another folder
+        return false;
+    }
+    noteRecentGameFolder(path);
+    if (notepad_ && notepad_->isVisible()) notepad_->reload();
+    return true;
+}
+
+void MainWindow::makeMenus() {
+    auto add = [this](QMenu* menu, const char* name, const QString& text, auto slot) {
+        QAction* a = menu->addAction(text);
+        a->setObjectName(name);
+        connect(a, &QAction::triggered, this, slot);
+        return a;
+    };
+    QMenu* file = menuBar()->addMenu("&File");
+    file->setObjectName("menuFile");
+    add(file, "actOpenGameFolder", "&Open Game Folder...", [this] {
+        const QString folder =
+            QFileDialog::getExistingDirectory(this, "Open Game Folder", qpath(controller_.session().Folder.root()));
+        if (!folder.isEmpty()) openGameFolder(folder);
+    })->setShortcut(QKeySequence::Open);
+    recentMenu_ = file->addMenu("&Recent Game Folders");
+    recentMenu_->setObjectName("menuRecent");
+    // Filled as it opens, so a folder gone meanwhile shows disabled.
+    connect(recentMenu_, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
+    fillRecentMenu();
+    file->addSeparator();
+    add(file, "actLoadTurn", "&Load New Turn...", [this] { showScreen("LoadTurn"); });
+    saveAction_ = add(file, "actSaveTurnsheet", "&Save Turnsheet", [this] { controller_.saveTurnsheet(); });
+    saveAction_->setShortcut(QKeySequence::Save);
+    sendAction_ = add(file, "actSendTurnsheet", "Sen&d Turnsheet", [this] { controller_.sendTurnsheet(); });
+    file->addSeparator();
+    QAction* quit = add(file, "actQuit", "&Quit", [this] { close(); });
+    quit->setShortcut(QKeySequence::Quit);
+    quit->setMenuRole(QAction::QuitRole);
+
+    QMenu* help = menuBar()->addMenu("&Help");
+    help->setObjectName("menuHelp");
+    add(help, "actAbout", "&About Kestrin", [this] { openModal(new AboutDialog(this)); })
+        ->setMenuRole(QAction::AboutRole);
+
+    auto enable = [this] {
+        saveAction_->setEnabled(controller_.hasClubs());
+        sendAction_->setEnabled(controller_.hasClubs());
+    };
+    connect(&controller_, &SessionController::loadFinished, this, enable);
+    enable();
+}
+
+void MainWindow::fillRecentMenu() {
+    recentMenu_->clear();
+    const QStringList folders = recentGameFolders();
+    for (const QString& folder : folders) {
+        QAction* a = recentMenu_->addAction(QString(folder).replace('&', "&&"));
+        a->setData(folder);
+        a->setEnabled(holdsGame(nativePath(folder)));
+        connect(a, &QAction::triggered, this, [this, folder] { openGameFolder(folder); });
+    }
+    if (!folders.isEmpty()) recentMenu_->addSeparator();
+    QAction* clear = recentMenu_->addAction("&Clear");
+    clear->setObjectName("actClearRecent");
+    clear->setEnabled(!folders.isEmpty());
+    connect(clear, &QAction::triggered, this, [] { clearRecentGameFolders(); });
 }
 
 }  // namespace kestrin::ui

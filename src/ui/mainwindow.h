@@ -12,6 +12,9 @@
 #include "ui/sessioncontroller.h"
 #include "ui/welcome.h"
 
+class QAction;
+class QMenu;
+
 namespace kestrin::ui {
 
 class MemoForm;
@@ -26,6 +29,11 @@ public:
     // Loads the game with Welcome showing, then shows the main menu. Returns
     // false when there is no game to show (game.ini missing).
     bool start(const std::filesystem::path& gameFolder);
+
+    // Opens the game in `folder` as start-up does, once the save prompt of
+    // closing has run. A folder without game.ini is refused and this game
+    // stays. The File menu's folder dialog and recent list end here.
+    bool openGameFolder(const QString& folder);
 
     void showScreen(const QString& name);
     Screen* screen(const QString& name) const;
@@ -49,6 +57,8 @@ private:
     // A dialog that a screen opens by name, as it would a screen.
     void addDialog(const QString& name, std::function<void()> open);
     void updateTitle();
+    void makeMenus();
+    void fillRecentMenu();
 
     SessionController& controller_;
     QStackedWidget* stack_;
@@ -60,6 +70,9 @@ private:
     MemoForm* memoForm_ = nullptr;
     TickerForm* tickerForm_ = nullptr;
     Notepad* notepad_ = nullptr;
+    QMenu* recentMenu_ = nullptr;
+    QAction* saveAction_ = nullptr;
+    QAction* sendAction_ = nullptr;
 };
 
 }  // namespace kestrin::ui
