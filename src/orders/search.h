@@ -34,7 +34,7 @@ inline constexpr std::array<std::string_view, 2> kSearchManagedItems = {"Yes", "
 // The boxes' texts. The defaults are the ones the Scout screen seeds on the
 // first opening.
 struct SearchFilter {
-    std::string Name;  // txtPlayerSearch
+    std::string Name{};  // txtPlayerSearch
     std::string Pos = "Any Player";
     std::string Perf = "Any";
     std::string Value = "Any";

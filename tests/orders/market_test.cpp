@@ -1,0 +1,340 @@
+#include <gtest/gtest.h>
+
+#include "core/text.h"
+#include "files/turnsheet.h"
+#include "orders/market.h"
+#include "orders/squad.h"
+#include "support/testsupport.h"
+
+using namespace kestrin;
+using kestrin::test::slot;
+using kestrin::test::squadClub;
+
+namespace {
+
+// A player of another club as the club export gives him.
+ExportPlayer exported(int32_t min, const char* max, const char* sign = "4", int16_t loan = 0,
+                      const char* loanClub = "", const char* managed = "N") {
+    ExportPlayer p;
+    p.Name = "Rik Stone";
+    p.Age = "24";
+    p.Position = "MIDC";
+    p.TotalSkill = "81";
+    p.Sign = sign;
+    p.Played = "12";
+    p.Perf = "64";
+    p.Goals = "3";
+    p.MinValue = min;
+    p.MaxValue = max;
+    p.Portrait = {1, 2, 3, 4, 5, 6, 7};
+    p.Colours = "Red White";
+    p.Loan = loan;
+    p.LoanClub = loanClub;
+    p.Managed = managed;
+    return p;
+}
+
+// The click on a player row of the Scout screen, club "Dale Rovers" selected.
+MarketPick scoutPick(const ExportPlayer& p) {
+    const std::vector<std::string> cells = scoutRowCells(p);
+    return {MarketScreen::Scout, true, selectRow(MarketScreen::Scout, cells, "Dale Rovers")};
+}
+
+const std::string kFull =
+    "You are only allowed 6 player movements per week.\r\n\r\nYou are attempting to buy and sell more than this number";
+
+}  // namespace
+
+TEST(Market, RowCellsArePaddedAndReadBackIntoTheSelection) {
+    const ExportPlayer p = exported(1500000, "2000000", "4", 3, "Port Vale", "Y");
+    const std::vector<std::string> cells = scoutRowCells(p);
+    ASSERT_EQ(cells.size(), kScoutRowCells);
+    EXPECT_EQ(cells[2], "  1500000");
+    EXPECT_EQ(cells[4], "       24");
+    EXPECT_EQ(cells[10], "        3");
+    EXPECT_EQ(cells[11], "Y");
+    EXPECT_EQ(cells[12], "1");
+    EXPECT_EQ(cells[19], "Red White");
+    EXPECT_EQ(cells[20], "Port Vale");
+    const MarketSelection want{"Rik Stone", "Dale Rovers", "1500000", "2000000", "4", "3", "Port Vale", "Y"};
+    EXPECT_EQ(selectRow(MarketScreen::Scout, cells, "Dale Rovers"), want);
+    // The search's row carries its club in front, and everything moves one right.
+    std::vector<std::string> searchCells = cells;
+    searchCells.insert(searchCells.begin(), "Dale Rovers");
+    EXPECT_EQ(selectRow(MarketScreen::Search, searchCells, "ignored"), want);
+}
+
+TEST(Market, RowClickSetsTheBidBoxes) {
+    struct Case {
+        const char* max;
+        int32_t incentiveMax;
+    } cases[] = {{"1000000", 200000}, {"2500000", 500000}, {"5000000", 500000}, {"0", 0}};
+    for (const Case& c : cases) {
+        const BidBoxLimits b = bidBoxLimits(*scoutPick(exported(400000, c.max)).Row);
+        EXPECT_EQ(b, (BidBoxLimits{"400000", 400000, int32_t(val(c.max)), c.incentiveMax})) << c.max;
+    }
+}
+
+TEST(Market, BidChecksInTheirOrder) {
+    const ExportPlayer p = exported(1000000, "2000000");
+    const std::vector<Movement> fourActions(4, slot(4, "Ann Lee"));
+    std::vector<Movement> twoBids = {slot(1, "A", "X", 1, 6), slot(7, "B", "Y", 1, 4)};
+    std::vector<Movement> sixActions(6, slot(4, "Ann Lee"));
+    std::vector<Movement> fourAndTwo = fourActions;
+    fourAndTwo.insert(fourAndTwo.end(), twoBids.begin(), twoBids.end());
+    const MarketPick row = scoutPick(p);
+    const char* limits = "Amount is under or over the limits for this player";
+    const char* between = "The bid must be between 1000000 and 2000000 for this player";
+    // How the screen stands: the Scout screen with or without a club or a row,
+    // the search screen on a player's row or on "No Results".
+    enum Pick { Row, NoClub, NoRow, SearchRow, NoResults };
+    auto pickOf = [&](Pick k) -> MarketPick {
+        switch (k) {
+            case NoClub: return {MarketScreen::Scout, false, row.Row};
+            case NoRow: return {MarketScreen::Scout, true, std::nullopt};
+            case SearchRow: return {MarketScreen::Search, false, row.Row};
+            case NoResults:
+                return {MarketScreen::Search, false,
+                        selectRow(MarketScreen::Search, std::vector<std::string>{"No Results"})};
+            default: return row;
+        }
+    };
+    struct Case {
+        const char* what;
+        Pick pick;
+        std::vector<Movement> existing;
+        const char* amount;
+        const char* contract;
+        const char* title;  // nullptr: accepted
+        std::string text;
+    } cases[] = {
+        {"no club", NoClub, {}, "1", "7", "No club selected", "Please select a club and player before bidding"},
+        {"no row", NoRow, fourAndTwo, "1", "7", "No player selected", "Please select a player to bid for"},
+        {"two bids before the slots", Row, fourAndTwo, "1", "7", "Maximum bids reached",
+         "You only have a limit of 2 bids or loans per week"},
+        {"one under", Row, {}, "999999", "12", limits, between},
+        {"one over", Row, {}, "2000001", "12", limits, between},
+        {"the minimum", Row, {}, "1000000", "12", nullptr, ""},
+        {"the maximum", Row, {}, "2000000", "24", nullptr, ""},
+        {"contract", Row, {}, "1000000", "7", "Incorrect contract value",
+         "Contracts must be either 6, 12, 18 or 24 months"},
+        {"slots full", Row, sixActions, "1500000", "6", "Invalid bid", kFull},
+        {"search has no club step", SearchRow, fourActions, "1500000", "18", nullptr, ""},
+        {"the no results row", NoResults, {}, "0", "6", limits, "The bid must be between  and  for this player"},
+    };
+    for (const Case& c : cases) {
+        Club club = squadClub();
+        std::copy(c.existing.begin(), c.existing.end(), club.Movements.begin());
+        const Club before = club;
+        RecordingMessages m;
+        const OrderResult r = cmdBid(club, pickOf(c.pick), {c.amount, c.contract, "2500"}, m);
+        if (c.title) {
+            test::expectRefused(r, c.title, c.text, club, before, c.what);
+            continue;
+        }
+        ASSERT_TRUE(r.accepted) << c.what << ": " << r.text;
+        const int at = int(c.existing.size());
+        EXPECT_EQ(club.Movements[size_t(at)],
+                  slot(1, "Rik Stone", "Dale Rovers", int32_t(val(c.amount)), int32_t(val(c.contract)), 2500))
+            << c.what;
+        EXPECT_EQ(r.line, "Dale Rovers - Rik Stone Fee " + std::string(c.amount) + ", Contract " + c.contract +
+                              ", Incentive 2500")
+            << c.what;
+        EXPECT_TRUE(m.entries.empty()) << c.what;
+    }
+}
+
+TEST(Market, LoanChecksAndFee) {
+    struct Case {
+        const char* what;
+        const char* sign;
+        std::vector<Movement> existing;
+        const char* weeks;
+        const char* title;  // nullptr: accepted
+        std::string text;
+        const char* amountAfter;
+    } cases[] = {
+        {"sign 2", "2", {}, "4", "Invalid loan approach",
+         "You can only attempt to loan players with a Sign figure of 3 or more", "7"},
+        {"3 weeks", "3", {}, "3", "Incorrect loan contract value", "Loan length must be between 4 and 12 weeks", "7"},
+        {"13 weeks", "3", {}, "13", "Incorrect loan contract value", "Loan length must be between 4 and 12 weeks", "7"},
+        {"4 weeks, a quarter", "3", {}, "4", nullptr, "", "100000"},
+        {"12 weeks, all", "9", {}, "12", nullptr, "", "400000"},
+        {"5 weeks", "3", {}, "5", nullptr, "", "137500"},
+        // The fee is shown even when no slot is free.
+        {"slots full", "3", std::vector<Movement>(6, slot(4, "Ann Lee")), "8", "Invalid loan approach", kFull,
+         "250000"},
+    };
+    for (const Case& c : cases) {
+        Club club = squadClub();
+        std::copy(c.existing.begin(), c.existing.end(), club.Movements.begin());
+        club.Movements[size_t(c.existing.size()) % 6].Incentive = 77;  // a loan leaves it as it stood
+        const Club before = club;
+        RecordingMessages m;
+        BidBoxes boxes{"7", c.weeks, "2500"};
+        // MaxValue 2000000: an incentive limit of 400000.
+        const OrderResult r = cmdLoan(club, scoutPick(exported(1000000, "2000000", c.sign)), boxes, m);
+        EXPECT_EQ(boxes.Amount, c.amountAfter) << c.what;
+        if (c.title) {
+            test::expectRefused(r, c.title, c.text, club, before, c.what);
+            continue;
+        }
+        ASSERT_TRUE(r.accepted) << c.what;
+        Movement want = slot(7, "Rik Stone", "Dale Rovers", int32_t(val(c.amountAfter)), int32_t(val(c.weeks)), 77);
+        EXPECT_EQ(club.Movements[0], want) << c.what;
+        EXPECT_EQ(r.line, "Dale Rovers - Rik Stone Fee " + std::string(c.amountAfter) + ", " + c.weeks + " week loan");
+    }
+    Club club = squadClub();
+    club.Movements[0] = slot(1, "A", "X", 1, 6);
+    club.Movements[1] = slot(7, "B", "X", 1, 4);
+    const Club before = club;
+    RecordingMessages m;
+    BidBoxes boxes{"1", "4", ""};
+    const MarketPick row = scoutPick(exported(1, "2", "5"));
+    test::expectRefused(cmdLoan(club, {MarketScreen::Scout, false, row.Row}, boxes, m), "No club selected",
+                        "Please select a club and player before attempting to loan", club, before);
+    test::expectRefused(cmdLoan(club, {MarketScreen::Scout, true, {}}, boxes, m), "No player selected",
+                        "Please select a player to approach for loan", club, before);
+    test::expectRefused(cmdLoan(club, row, boxes, m), "Maximum bids reached",
+                        "You only have a limit of 2 bids or loans per week", club, before);
+    EXPECT_EQ(loanFee("4", 500000), 125000);
+    EXPECT_EQ(loanFee("12", 500000), 500000);
+}
+
+TEST(Market, WarningsGoOnAndRepeatAtEachAttempt) {
+    Club club = squadClub();
+    RecordingMessages m;
+    const MarketPick pick = scoutPick(exported(1000, "2000", "4", 1, "Port Vale", "Y"));
+    ASSERT_TRUE(cmdBid(club, pick, {"1000", "6", "0"}, m));
+    BidBoxes boxes{"", "4", ""};
+    ASSERT_TRUE(cmdLoan(club, pick, boxes, m));
+    const std::vector<std::string> twice = {"Warn|Warning|Careful. This player is from a managed team",
+                                            "Warn|Warning|Warning. This player is on loan for 1 more weeks from Port Vale"};
+    std::vector<std::string> want = twice;
+    want.insert(want.end(), twice.begin(), twice.end());
+    EXPECT_EQ(test::shown(m), want);
+}
+
+TEST(Market, RemovingABidOrScoutReadsItsLineBack) {
+    Club club = squadClub();
+    club.Movements[0] = slot(1, "Rik Stone", "Dale Rovers", 1000, 12, 0);
+    club.Movements[1] = slot(4, "Ann Lee");
+    club.Movements[2] = slot(7, "Rik Stone", "Dale Rovers", 500, 4);
+    club.Movements[3] = slot(7, "Al Bee", "Dale Rovers", 500, 4);
+    const std::vector<OrderLine> lines = bidLines(club);
+    ASSERT_EQ(lines, (std::vector<OrderLine>{{"Dale Rovers - Rik Stone Fee 1000, Contract 12, Incentive 0", 1},
+                                             {"Dale Rovers - Rik Stone Fee 500, 4 week loan", 7},
+                                             {"Dale Rovers - Al Bee Fee 500, 4 week loan", 7}}));
+    Club before = club;
+    test::expectRefused(cmdRemoveBid(club, std::nullopt), "No bid selected",
+                        "Please select a bid to remove from the list", club, before);
+    ASSERT_TRUE(cmdRemoveBid(club, lines[1].text));
+    EXPECT_EQ(bidLines(club), std::vector<OrderLine>{lines[2]});
+    EXPECT_EQ(club.Movements[1].Move, 4);
+
+    club.ScoutPlayer = {"Rik Stone", "Rik Stone", "Al Bee", ""};
+    club.ScoutClub = {"Dale Rovers", "Port Vale", "Dale Rovers", ""};
+    club.ScoutAggressive = {true, false, false, false};
+    const std::vector<std::string> scouts = scoutLines(club);
+    ASSERT_EQ(scouts, (std::vector<std::string>{"Dale Rovers - Rik Stone (Aggressive)",
+                                                "Port Vale - Rik Stone (Non Aggressive)",
+                                                "Dale Rovers - Al Bee (Non Aggressive)"}));
+    before = club;
+    test::expectRefused(cmdUnScout(club, std::nullopt), "No action selected", "Please select a scout action to remove",
+                        club, before);
+    ASSERT_TRUE(cmdUnScout(club, scouts[1]));
+    EXPECT_EQ(scoutLines(club), (std::vector<std::string>{scouts[0], scouts[2]}));
+}
+
+TEST(Market, ScoutLimitByDepartmentLevelAndTheQuestion) {
+    const char* limit = "You have reached the maximum number of scout actions that you can perform this week";
+    struct Case {
+        int level;
+        size_t taken;
+    } cases[] = {{2, 0}, {8, 2}, {9, 3}, {12, 4}, {20, 4}};
+    for (const Case& c : cases) {
+        Club club = squadClub();
+        club.Scout = int16_t(c.level);
+        RecordingMessages m;
+        for (size_t i = 0; i < c.taken; ++i) ASSERT_TRUE(cmdScout(club, scoutPick(exported(1, "2")), true, {}, m));
+        const Club before = club;
+        test::expectRefused(cmdScout(club, scoutPick(exported(1, "2")), false, {}, m), "Scout action limit reached",
+                            limit, club, before, std::to_string(c.level));
+        EXPECT_EQ(scoutLines(club).size(), c.taken);
+    }
+
+    Club club = squadClub();
+    club.Scout = 12;
+    RecordingMessages quiet;
+    const Club untouched = club;
+    test::expectRefused(cmdScout(club, {MarketScreen::Scout, false, {}}, false, {}, quiet), "No club selected",
+                        "Please select a club and player before scouting", club, untouched);
+    test::expectRefused(cmdScout(club, {MarketScreen::Scout, true, {}}, false, {}, quiet), "No player selected",
+                        "Please select player to scout", club, untouched);
+    ScoutRecord seen;
+    seen.Name = "Rik Stone                     ";
+    const std::vector<ScoutRecord> table = {seen, seen};
+    for (bool yes : {false, true}) {
+        RecordingMessages m;
+        m.answers = {yes};
+        const Club before = club;
+        const OrderResult r = cmdScout(club, scoutPick(exported(1, "2")), false, table, m);
+        EXPECT_EQ(test::shown(m), std::vector<std::string>{"Ask|Player already scouted|You have scouted a player called "
+                                                           "Rik Stone before. Do you still want to scout ?"});
+        if (!yes) {
+            EXPECT_TRUE(r.isDeclined());
+            EXPECT_EQ(club, before);
+        } else {
+            EXPECT_EQ(r.line, "Dale Rovers - Rik Stone (Non Aggressive)");
+        }
+    }
+}
+
+TEST(Market, OrdersReachTheSavedTurnsheet) {
+    test::TempDir dir;
+    makeDemoLeague(dir.path(), test::smallDemo(7));
+    Session s = test::loadQuietly(dir.path());
+    ASSERT_GE(s.ClubCount(), 3);
+    ASSERT_FALSE(s.ExportClubs.empty());
+    Club& club = s.Clubs[2];
+    club.Movements = {};
+    club.ScoutPlayer = {};
+    club.Scout = 12;
+    const ExportClub& other = s.ExportClubs.back();
+    auto pick = [&](size_t i) {
+        const std::vector<std::string> cells = scoutRowCells(other.Players.at(i));
+        return MarketPick{MarketScreen::Scout, true, selectRow(MarketScreen::Scout, cells, std::string_view(other.Name))};
+    };
+    RecordingMessages m;
+    // A player whose bounds hold his minimum: the export may give a MaxValue of 0.
+    size_t first = 0;
+    while (first + 3 < other.Players.size() && val(std::string_view(other.Players[first].MaxValue)) < other.Players[first].MinValue)
+        ++first;
+    const MarketPick bid = pick(first), loan = pick(first + 1), scout = pick(first + 2);
+    ASSERT_TRUE(settleOrder(s, cmdBid(club, bid, {bid.Row->MinValue, "18", "300"}, m), m));
+    BidBoxes loanBoxes{"", "12", ""};
+    const MarketPick loanRow{MarketScreen::Scout, true, [&] {
+                                 MarketSelection r = *loan.Row;
+                                 r.Sign = "5";  // whatever the demo drew
+                                 return r;
+                             }()};
+    ASSERT_TRUE(settleOrder(s, cmdLoan(club, loanRow, loanBoxes, m), m));
+    ASSERT_TRUE(settleOrder(s, cmdScout(club, scout, true, {}, m), m));
+    EXPECT_TRUE(s.TurnChanged);
+    saveTurnsheets(s, m);
+    const std::string text = readFileBytes(turnsheetPath(s, club));
+    const std::string clubName(std::string_view(other.Name));
+    auto move = [&](int code, const MarketSelection& r, const std::string& fee, int incentive, int contract) {
+        return "PlayerMove:\r\n " + std::to_string(code) + " \r\nPlayerMovement:\r\n" + r.Name +
+               "\r\nPlayerClubMovement:\r\n" + clubName + "\r\nPlayerFeeMovement:\r\n " + fee +
+               " \r\nPlayerIncentiveMovement:\r\n " + std::to_string(incentive) +
+               " \r\nPlayerContractsMovement:\r\n " + std::to_string(contract) + " \r\n";
+    };
+    EXPECT_NE(text.find(move(1, *bid.Row, bid.Row->MinValue, 300, 18) + move(7, *loan.Row, loanBoxes.Amount, 0, 12)),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("PlayerScout:\r\n" + scout.Row->Name + "\r\nClubScout:\r\n" + clubName +
+                        "\r\nScoutAgg:\r\nAggressive\r\nPlayerScout:\r\n\r\n"),
+              std::string::npos)
+        << text;
+}
