@@ -16,6 +16,8 @@
 #include "files/turnsheet.h"
 #include "orders/admin.h"
 #include "orders/harvest.h"
+#include "orders/market.h"
+#include "orders/search.h"
 #include "stats/honours.h"
 #include "stats/refresh.h"
 
@@ -36,6 +38,10 @@ constexpr const char* kUsage =
     "       kestrin-cli --game-dir DIR honours CLUB\n"
     "       kestrin-cli --game-dir DIR send-turnsheets [--dry-run]\n"
     "       kestrin-cli --game-dir DIR admin-text\n"
+    "       kestrin-cli --game-dir DIR search [--name TEXT] [--pos ITEM] [--perf N] [--value ITEM] [--age ITEM]\n"
+    "                   [--skill ITEM] [--sign ITEM] [--managed Yes|No] [--club CLUB]\n"
+    "         (items as the search screen offers them; \"Within my bank balance\" is the balance of --club,\n"
+    "          a club of the session by name or code, else of the session's first club)\n"
     "       kestrin-cli demo DIR [--clubs N] [--export-clubs N] [--seed S] [--weeks N] [--large]\n"
     "       kestrin-cli --version\n";
 
@@ -439,6 +445,55 @@ int runAdminText(const std::string& dir) {
     return refusals.entries.empty() ? 0 : 1;
 }
 
+// The detailed player search: the shown columns of each row, as the screen
+// shows them, or the one "No Results" row.
+int runSearch(const std::string& dir, const std::vector<std::string>& options) {
+    SearchFilter filter;
+    std::string clubName;
+    for (size_t i = 0; i < options.size(); i += 2) {
+        if (i + 1 >= options.size()) return usage(options[i] + " needs a value");
+        const std::string& o = options[i];
+        const std::string v = utf8ToCp1252(options[i + 1]);
+        if (o == "--name") filter.Name = v;
+        else if (o == "--pos") filter.Pos = v;
+        else if (o == "--perf") filter.Perf = v;
+        else if (o == "--value") filter.Value = v;
+        else if (o == "--age") filter.Age = v;
+        else if (o == "--skill") filter.Skill = v;
+        else if (o == "--sign") filter.Sign = v;
+        else if (o == "--managed") filter.Managed = v;
+        else if (o == "--club") clubName = v;
+        else return usage("unknown search option " + o);
+    }
+    if (const std::optional<std::string> problem = searchFilterProblem(filter)) {
+        std::cerr << "kestrin-cli: " << u(*problem) << "\n";
+        return 2;
+    }
+    CliMessages messages;
+    Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) return 1;
+    const Club* club = s.Clubs.empty() ? nullptr : &s.Clubs.front();
+    if (!clubName.empty()) {
+        club = nullptr;
+        for (const Club& c : s.Clubs)
+            if (equalsNoCase(trim(c.Name), trim(clubName)) || equalsNoCase(c.ClubFile, clubName)) club = &c;
+        if (!club) {
+            std::cerr << "kestrin-cli: no club " << u(clubName) << " in " << dir << "\n";
+            return 1;
+        }
+    }
+    const auto rows = searchRows(s.ExportClubs, searchExport(s.ExportClubs, filter, club ? club->Balance : 0));
+    constexpr size_t kShown = 13;  // Team to Mgd; the rest are the screen's hidden columns
+    json out = json::array();
+    for (const auto& row : rows) {
+        json cells = json::array();
+        for (size_t i = 0; i < kShown && i < row.size(); ++i) cells.push_back(u(row[i]));
+        out.push_back(std::move(cells));
+    }
+    std::cout << json{{"Rows", std::move(out)}}.dump(1) << "\n";
+    return 0;
+}
+
 int runSendTurnsheets(const std::string& dir, bool dryRun) {
     RecordingMessages messages;
     Session s = loadSession(dir, messages);
@@ -520,6 +575,7 @@ int main(int argc, char** argv) {
             if (cmd == "refresh-stats" && args.size() == 3) return runRefreshStats(dir);
             if (cmd == "honours" && args.size() == 4) return runHonours(dir, args[3]);
             if (cmd == "admin-text" && args.size() == 3) return runAdminText(dir);
+            if (cmd == "search") return runSearch(dir, std::vector<std::string>(args.begin() + 3, args.end()));
             if (cmd == "send-turnsheets" && (args.size() == 3 || (args.size() == 4 && args[3] == "--dry-run")))
                 return runSendTurnsheets(dir, args.size() == 4);
             return usage("unknown command: " + cmd);
