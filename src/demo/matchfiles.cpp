@@ -3,6 +3,7 @@
 // the league tables of weekly.zip. Phrases and columns are those the readers
 // look for; the words around them are our own.
 #include <algorithm>
+#include <optional>
 
 #include "core/text.h"
 #include "demo/league.h"
@@ -35,6 +36,22 @@ std::string blends(const std::array<int, 6>& b, size_t from) {
 }
 
 std::string pair(const std::array<int, 2>& w) { return num(w[0]) + " / " + num(w[1]); }
+
+// The colours a report gives its lines, as pairs of a background and a text
+// colour, "&H00BBGGRR&"; and the line that parts its sections.
+enum class Shade { Play, Goal, Booking, SendingOff, Change, FullTime };
+std::array<std::string, 2> colourPair(Shade shade) {
+    switch (shade) {
+        case Shade::Play: return {"&H00E8F5E8&", "&H00005000&"};
+        case Shade::Goal: return {"&H0000C8FF&", "&H00000000&"};
+        case Shade::Booking: return {"&H0080FFFF&", "&H00000000&"};
+        case Shade::SendingOff: return {"&H002020C0&", "&H00FFFFFF&"};
+        case Shade::Change: return {"&H00F5E8E0&", "&H00602000&"};
+        case Shade::FullTime: return {"&H00603010&", "&H00FFFFFF&"};
+    }
+    return {};
+}
+const std::string kSectionLine(43, '-');
 
 }  // namespace
 
@@ -73,14 +90,20 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
     out.push_back(home + " started the game with a blend of " + blends(m.side[0].blends, 0) + " and " + away +
                   " started the game with a blend of " + blends(m.side[1].blends, 0));
     out.push_back("");
+    out.push_back(kSectionLine);
 
-    // The moments of the match, by minute.
+    // The moments of the match, by minute. A goal's moment ends with the
+    // scoreboard, the home name and a comma, which a replay leaves out.
     struct Moment {
         int minute;
         std::vector<std::string> lines;
+        Shade shade = Shade::Play;
+        int goalSide = -1;
     };
     std::vector<Moment> moments;
-    auto at = [&](int minute, std::vector<std::string> lines) { moments.push_back({minute, std::move(lines)}); };
+    auto at = [&](int minute, std::vector<std::string> lines, Shade shade = Shade::Play, int goalSide = -1) {
+        moments.push_back({minute, std::move(lines), shade, goalSide});
+    };
     at(1, {" 1 mins - The game is under way", "The players line up to a loud welcome."});
     // Every ball-work phrase, spread over the match and both sides.
     const std::vector<std::string_view> ballWork = ballWorkPhrases();
@@ -88,8 +111,10 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
         const int s = int(k % 2);
         const int row = r.range(2, 11), rival = r.range(2, 11);
         const std::string phrase(ballWork[k]);
+        // The pitch marker behind it: the side on the ball, or "M" for the middle.
         at(3 + int(k) * 4, {num(3 + int(k) * 4) + " mins - Play flows from end to end",
-                            who(s, row) + phrase + (phrase.back() == ' ' ? who(1 - s, rival) : std::string())});
+                            who(s, row) + phrase + (phrase.back() == ' ' ? who(1 - s, rival) : std::string()),
+                            k % 4 == 3 ? std::string("M") : std::string(1, letter[size_t(s)])});
     }
     for (int s = 0; s < 2; ++s) {
         const MatchSide& side = m.side[size_t(s)];
@@ -99,16 +124,19 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
                                            who(s, g.row) + " SCORED for " + club + " with a " +
                                                goalWords(g.type) + " after " + num(g.minute) + " minutes"};
             if (g.assist) lines.push_back("And set up by " + plain(s, g.assist) + " which was a fine ball");
-            at(g.minute, std::move(lines));
+            lines.push_back(std::string(1, letter[size_t(s)]) + "G");
+            at(g.minute, std::move(lines), Shade::Goal, s);
         }
         for (const auto& [row, minute] : side.booked)
             at(minute, {num(minute) + " mins - Play is stopped",
                         who(s, row) + " fouls " + who(1 - s, r.range(2, 11)),
-                        plain(s, row) + " has been booked", "The referee had no choice there."});
+                        plain(s, row) + " has been booked", "The referee had no choice there."},
+               Shade::Booking);
         for (const auto& [row, minute] : side.sentOff)
             at(minute, {num(minute) + " mins - Trouble on the pitch", who(1 - s, r.range(2, 11)) + " is fouled by " +
                                                                           who(s, row),
-                        plain(s, row) + " has been SENT off", "He walks slowly to the tunnel."});
+                        plain(s, row) + " has been SENT off", "He walks slowly to the tunnel."},
+               Shade::SendingOff);
         const int shotAt = 20 + 11 * s;
         at(shotAt, {num(shotAt) + " mins - A spell of pressure",
                     who(1 - s, 1) + " saves a shot from " + plain(s, r.range(2, 11)),
@@ -116,27 +144,54 @@ void League::matchReportLines(const Match& m, std::vector<std::string>& out) con
                     who(s, r.range(2, 11)) + " drives the ball over the bar",
                     who(s, r.range(2, 11)) + " sees his shot charged down by a defender",
                     who(s, r.range(2, 11)) + " has his shot deflected off the wall",
-                    who(s, r.range(2, 11)) + " HIT THE post with a header"});
+                    who(s, r.range(2, 11)) + " HIT THE post with a header", std::string(1, letter[size_t(s)]) + "S"});
+        if (side.corners > 0)
+            at(15 + 11 * s, {num(15 + 11 * s) + " mins - Pressure down the flank",
+                             who(s, 2 + side.corners % 10) + " forces a corner"});
         if (side.endFormation)
             at(55 + s, {num(55 + s) + " mins - A change of shape",
                         club + " adjusted themselves, now playing a " + formationWords(side.endFormation) +
                             " formation and the tactic " +
                             tacticWords(side.endTactic ? side.endTactic : side.tactic),
-                        "The manager waves his arms from the touchline."});
+                        "The manager waves his arms from the touchline."},
+               Shade::Change);
         for (int row = 12; row <= 13; ++row) {
             const SheetRow& sub = side.rows[size_t(row - 1)];
             if (!sub.sub) continue;
-            at(sub.sub, {num(sub.sub) + " mins - A change",
+            at(sub.sub, {num(sub.sub) + " mins - A change", "ANALYSIS FOR SUBSTITUTION DID TAKE PLACE",
                          club + " SUBSTITUTION. " + sub.name + " replaces " + plain(s, row - 9),
-                         "Fresh legs for the last part of the match."});
+                         plain(s, row - 9) + " is replaced by " + sub.name + "."},
+               Shade::Change);
         }
     }
     at(60, {"60 mins - The hour mark", home + "'s current blends are " + blends(m.side[0].blends, 3) + " and " +
                                            away + "'s current blends are " + blends(m.side[1].blends, 3)});
-    at(80, {"80 mins - Last ten minutes", "Last ten minutes of the match, and the crowd is on its feet"});
+    const int held = m.side[0].possession;
+    at(80, {"80 mins - Last ten minutes", "Last ten minutes of the match, and the crowd is on its feet",
+            "Possession breakdowns with 80 minutes gone",
+            "Last ten minutes possession " + num(held) + " - " + num(100 - held), "Broken down as follows",
+            "Home def - away att " + num(held - 3) + " - " + num(103 - held),
+            "Home mid - away mid " + num(held) + " - " + num(100 - held),
+            "Home att - away def " + num(held + 3) + " - " + num(97 - held)});
     std::stable_sort(moments.begin(), moments.end(), [](const Moment& a, const Moment& b) { return a.minute < b.minute; });
-    for (const Moment& mo : moments) out.insert(out.end(), mo.lines.begin(), mo.lines.end());
+    std::array<int, 2> score{};
+    std::optional<Shade> shade;
+    auto colours = [&](Shade s) {
+        if (shade == s) return;
+        shade = s;
+        for (const std::string& c : colourPair(s)) out.push_back(c);
+    };
+    for (const Moment& mo : moments) {
+        colours(mo.shade);
+        out.insert(out.end(), mo.lines.begin(), mo.lines.end());
+        if (mo.goalSide < 0) continue;
+        ++score[size_t(mo.goalSide)];
+        out.push_back(home + ", " + num(score[0]) + "  " + away + " " + num(score[1]));
+    }
+    colours(Shade::Play);
     out.push_back(" 0 mins - Injury time is played");
+    colours(Shade::FullTime);
+    out.push_back(kSectionLine);
     out.push_back("REFEREE BLOWS FOR FULL TIME");
     out.push_back(home + " " + num(m.side[0].goals) + "  " + away + " " + num(m.side[1].goals) +
                   (m.cup && m.side[0].goals == m.side[1].goals
