@@ -152,10 +152,10 @@ std::string League::squadsheetText(const DemoClub& club) const {
 
     out.push_back("PORTRAIT FEATURES - the figures from which each face is drawn");
     out.push_back("=================");
-    out.push_back(fixedWidth("Name", kCareerColumn - 1) + "Skin Face Hair Eyes Nose Mouth Beard Kit");
+    out.push_back(fixedWidth("Name", kCareerColumn - 1) + "  Hair  Skin  Back  Eyes  Nose Mouth Extra  Head");
     for (const DemoPlayer& d : squad) {
         std::string line = lead(d.rec.Name, kCareerColumn);
-        for (int32_t f : d.rec.Portrait) line += padLeft(num(f), 4);
+        for (int32_t f : d.rec.Portrait) line += padLeft(num(f), 6);
         out.push_back(line);
     }
     out.push_back("");
@@ -175,8 +175,8 @@ std::string League::clubExportText() const {
     for (const DemoClub& c : clubs_) {
         out.push_back("EXPORT FOR " + c.Name);
         out.push_back(fixedWidth("Player", 20) +
-                      " - Age Pos     TS Sgn Pld Prf Gls   MinValue   MaxValue  Portrait              Loan  "
-                      "Managed Colours");
+                      " - Age Pos     TS Sgn Pld Prf Gls   MinValue   MaxValue  Portrait" + std::string(34, ' ') +
+                      "Loan  Managed Colours");
         for (const DemoPlayer& d : c.Players) {
             const Player& p = d.rec;
             std::string line = fixedWidth(p.Name, 20) + " - " + padLeft(num(p.Age), 3) + " " + p.Position +
@@ -184,7 +184,8 @@ std::string League::clubExportText() const {
                                padLeft(num(d.seasonPerf), 4) + padLeft(num(d.seasonGoals), 4) +
                                padLeft(orNull(p.Value * 8 / 10, d.nullMinValue), 11) +
                                padLeft(orNull(p.Value * 13 / 10, d.nullMaxValue), 11) + " ";
-            for (size_t i = 0; i < 7; ++i) line += padLeft(num(p.Portrait[i]), 3);
+            // The export carries Portrait(1..7), not Portrait(0).
+            for (size_t i = 1; i <= 7; ++i) line += padLeft(num(p.Portrait[i]), 6);
             line += padLeft(num(p.LoanLength), 5);
             if (!d.loanFrom.empty()) line += " " + d.loanFrom;
             line += std::string(" ") + (c.human() ? "Y" : "N") + " " + c.Colours;
@@ -248,7 +249,7 @@ ExportPlayer League::expectedExportPlayer(const DemoClub& club, const DemoPlayer
     e.Goals = num(d.seasonGoals);
     e.MinValue = d.nullMinValue ? 0 : p.Value * 8 / 10;
     e.MaxValue = d.nullMaxValue ? "0" : num(p.Value * 13 / 10);
-    for (size_t i = 0; i < 7; ++i) e.Portrait[i] = p.Portrait[i];
+    for (size_t i = 0; i < 7; ++i) e.Portrait[i] = p.Portrait[i + 1];
     // The tail rule puts a blank behind every word of the colours.
     const Tokens colours(club.Colours);
     for (const std::string& word : colours.all()) e.Colours += word + " ";

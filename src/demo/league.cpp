@@ -5,6 +5,7 @@
 
 #include "core/text.h"
 #include "demo/names.h"
+#include "demo/portraits.h"
 
 namespace kestrin::demo {
 
@@ -230,7 +231,11 @@ DemoPlayer League::makePlayer(const std::string& position, int clubLevel, bool y
     p.LastShirt = int16_t(keeper ? rng_.chance(70) ? 1 : 13 : rng_.range(2, 30));
     p.CareerExtraA = rng_.range(0, seasons);
     p.CareerExtraB = rng_.range(0, 250);
-    for (int32_t& f : p.Portrait) f = rng_.range(1, 12);
+    // The face has a generator of its own, seeded by one draw per code, so
+    // that the rest of the league does not hang on how a face is chosen.
+    uint64_t faceSeed = 0;
+    for (int i = 0; i < 8; ++i) faceSeed = faceSeed * 31 + rng_.next();
+    p.Portrait = demoPortrait(faceSeed);
 
     d.nullMinValue = rng_.chance(6);
     d.nullMaxValue = rng_.chance(6);
