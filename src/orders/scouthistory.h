@@ -58,7 +58,8 @@ inline constexpr std::array<std::string_view, 23> kScoutGridColumns = {
 std::vector<std::vector<std::string>> scoutHistoryRows(const std::vector<ScoutRecord>& table,
                                                        const HistoryFilter& filter);
 
-// BtnRemove with the name of the grid's current row ("" for none): refuses
+// BtnRemove with the name of the grid's current row ("" for none, and for
+// the "No Results" row, which names nobody): refuses
 // "No Player Selected", asks "Remove player from history", then blanks the
 // name of every record of that trimmed name, first in SCOUT.TXT, in place,
 // record by record (the file keeps its length), then in session.ScoutTable.
