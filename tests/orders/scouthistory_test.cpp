@@ -14,23 +14,9 @@ using namespace kestrin;
 namespace {
 
 ScoutRecord report(const char* name, const char* pos, int16_t sign, int16_t skill, const char* date) {
-    ScoutRecord r;
-    r.Date = date;
-    r.Name = fixedWidth(name, 30);
-    r.Position = pos;
-    r.Club = fixedWidth(" Dale Rovers", 20);
+    ScoutRecord r{date, fixedWidth(name, 30), pos, fixedWidth(" Dale Rovers", 20), {}, int16_t(skill * 11), 5, 2, 24,
+                  80, 60, sign, 1500000, "N", "N", "Y"};
     r.Skills.fill(skill);
-    r.TotalSkill = int16_t(skill * 11);
-    r.TLFigure = 5;
-    r.Goals = 2;
-    r.Age = 24;
-    r.Potential = 80;
-    r.Perf = 60;
-    r.Sign = sign;
-    r.Value = 1500000;
-    r.International = "N";
-    r.Retiring = "N";
-    r.Flinging = "Y";
     return r;
 }
 

@@ -97,13 +97,3 @@ TEST(Search, RowsCarryTheTeamInFrontOrSayNoResults) {
     noResults[0] = "No Results";
     EXPECT_EQ(none, std::vector<std::vector<std::string>>{noResults});
 }
-
-TEST(Search, FilterProblemsNameTheBox) {
-    EXPECT_EQ(searchFilterProblem({}), std::nullopt);
-    EXPECT_EQ(searchFilterProblem({.Sign = "Any", .Managed = "No"}), std::nullopt);
-    EXPECT_EQ(searchFilterProblem({.Value = "Cheap"}),
-              "Value \"Cheap\" is not one of its choices: \"Any\", \"Within my bank balance\", \"Less than 1 million\", "
-              "\"1 million to 3 million\", \"3 million to 5 million\", \"5 million to 7 million\", \"8 million and "
-              "above\".");
-    EXPECT_NE(searchFilterProblem({.Perf = "55"}), std::nullopt);
-}
