@@ -39,8 +39,9 @@ set(CPACK_PACKAGE_NAME kestrin)
 set(CPACK_PACKAGE_VENDOR "Kestrin")
 set(CPACK_PACKAGE_CONTACT "Kestrin developers <kestrin@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "manager's program of a football league played by e-mail")
-set(CPACK_PACKAGE_DESCRIPTION
-    "Kestrin shows the manager his clubs, players, fixtures, tables, news and match reports, takes his orders for the coming week under the game's rules and writes the turnsheet that goes back to the game's administrator.")
+set(CPACK_PACKAGE_DESCRIPTION "Kestrin shows the manager his clubs, players, fixtures, tables, news and
+match reports, takes his orders for the coming week under the game's rules
+and writes the turnsheet that goes back to the game's administrator.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -3,6 +3,8 @@
 // there, else ~/Kestrin. `kestrin --snapshot OUTDIR [GAME_DIR]` writes a
 // picture of every screen and exits; `kestrin --version` prints the version.
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QIcon>
 #include <cstdio>
 #include <cstdlib>
@@ -13,6 +15,7 @@
 #include "kestrin_version.h"
 #include "ui/look.h"
 #include "ui/mainwindow.h"
+#include "ui/qtext.h"
 #include "ui/qtmessages.h"
 #include "ui/recentfolders.h"
 #include "ui/sessioncontroller.h"
@@ -72,6 +75,11 @@ int main(int argc, char** argv) {
     kestrin::ui::QtMessages messages;
     kestrin::ui::SessionController controller(messages);
     kestrin::ui::MainWindow window(controller);
-    if (!window.start(gameFolder)) return 1;
+    if (!window.start(gameFolder)) {
+        // Started from the desktop menu before any game was opened: the
+        // manager may know where his game folder is.
+        const QString chosen = QFileDialog::getExistingDirectory(nullptr, "Open Game Folder", QDir::homePath());
+        if (chosen.isEmpty() || !window.start(kestrin::ui::nativePath(chosen))) return 1;
+    }
     return app.exec();
 }
