@@ -31,6 +31,11 @@ if(KESTRIN_UI)
     install(FILES ${png} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
   endforeach()
   add_custom_target(kestrin_icons ALL DEPENDS ${icon_pngs})
+  # Also built in, for a program run from its build folder or a desktop
+  # without the icon theme.
+  qt_add_resources(kestrin_ui kestrin_icons_rc PREFIX /icons BASE ${CMAKE_BINARY_DIR}/icons
+                   FILES ${CMAKE_BINARY_DIR}/icons/64x64/${KESTRIN_APP_ID}.png
+                         ${CMAKE_BINARY_DIR}/icons/256x256/${KESTRIN_APP_ID}.png)
   install(FILES ${icon_svg} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 endif()
 

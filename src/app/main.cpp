@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
-#include <QIcon>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -13,6 +12,7 @@
 #include <string>
 
 #include "kestrin_version.h"
+#include "ui/about.h"
 #include "ui/look.h"
 #include "ui/mainwindow.h"
 #include "ui/qtext.h"
@@ -67,7 +67,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(kestrin::kVersion);
     // The desktop matches the window to its menu entry and icon by this name.
     QGuiApplication::setDesktopFileName("org.kestrin.Kestrin");
-    QApplication::setWindowIcon(QIcon::fromTheme("org.kestrin.Kestrin"));
+    QApplication::setWindowIcon(kestrin::ui::programIcon());
     kestrin::ui::applyLook(app);
 
     if (snapshot) return kestrin::ui::renderSnapshots(gameFolder, outDir);

@@ -41,6 +41,13 @@ std::vector<LibraryInfo> linkedLibraries() {
 
 }  // namespace
 
+QIcon programIcon() {
+    QIcon builtIn;
+    for (const char* size : {"64x64", "256x256"})
+        builtIn.addFile(QString(":/icons/%1/org.kestrin.Kestrin.png").arg(size));
+    return QIcon::fromTheme("org.kestrin.Kestrin", builtIn);
+}
+
 AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     setObjectName("About");
     setWindowTitle("About Kestrin");
@@ -48,7 +55,7 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
 
     auto* head = new QHBoxLayout;
     auto* icon = new QLabel(this);
-    icon->setPixmap(QIcon::fromTheme("org.kestrin.Kestrin").pixmap(64, 64));
+    icon->setPixmap(programIcon().pixmap(64, 64));
     head->addWidget(icon);
     auto* title = new QLabel(this);
     title->setObjectName("lblVersion");
@@ -69,6 +76,7 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     table->verticalHeader()->hide();
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setSelectionMode(QAbstractItemView::NoSelection);
+    table->setFocusPolicy(Qt::NoFocus);
     for (int r = 0; r < int(libs.size()); ++r) {
         const LibraryInfo& l = libs[size_t(r)];
         int c = 0;
