@@ -24,8 +24,12 @@
 #include "ui/preferences.h"
 #include "ui/qtext.h"
 #include "ui/recentfolders.h"
+#include "ui/scout.h"
+#include "ui/scouthistoryscreen.h"
+#include "ui/searchresults.h"
 #include "ui/squadscreen.h"
 #include "ui/tickerform.h"
+#include "ui/vidi.h"
 #include "ui/widgets.h"
 
 namespace kestrin::ui {
@@ -46,6 +50,16 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
     addScreen(new NewsScreen(controller_, stack_));
     addScreen(new Preferences(controller_, stack_));
     addScreen(new AdminScreen(controller_, stack_));
+    auto* scout = new ScoutScreen(controller_, stack_);
+    auto* search = new SearchResults(controller_, stack_);
+    addScreen(scout);
+    addScreen(search);
+    addScreen(new ScoutHistoryScreen(controller_, stack_));
+    connect(scout, &ScoutScreen::searchWanted, this, [this, search] {
+        search->seedIfEmpty();
+        showScreen("SearchResults");
+    });
+    addScreen(new VidiScreen(controller_, stack_));
     addScreen(new Matchviewer(controller_, stack_));
     addDialog("LoadTurn", [this] { LoadTurnDialog::openOver(this, controller_); });
     addDialog("Honours", [this] { HonoursDialog::openOver(this, controller_); });
