@@ -61,12 +61,13 @@ constexpr std::array<Entry, kPortraitCodes> kParts{{
     {88015, {F::Headband, 1, 0}}, {88044, {F::Headband, 0, 1}}, {88046, {F::Headband, 1, 2}},
     {88052, {F::Headband, 0, 3}}, {88071, {F::Headband, 1, 4}},
     // Hair behind: 0 short sides, 1 to the shoulders, 2 round volume, 3 to the
-    // collar, 4 long locks, 5 bun, 6 a ring around a bald crown.
+    // collar, 4 long locks, 5 bun, 6 a ring around a bald crown, 7 short with
+    // long sideburns, 8 faded sides.
     {99002, {F::HairBack, 0, kBlack}}, {99004, {F::HairBack, 0, kBrown}}, {99008, {F::HairBack, 0, kBlond}},
     {99015, {F::HairBack, 2, kBlack}}, {99044, {F::HairBack, 1, kGinger}}, {99046, {F::HairBack, 0, kDark}},
-    {99047, {F::HairBack, 3, kBlack}}, {99052, {F::HairBack, 1, kBlond}}, {99054, {F::HairBack, 0, kBrown}},
-    {99056, {F::HairBack, 6, kGrey}}, {99063, {F::HairBack, 4, kBlack}}, {99070, {F::HairBack, 0, kBlond}},
-    {99071, {F::HairBack, 5, kDark}}, {99082, {F::HairBack, 2, kGinger}}, {99083, {F::HairBack, 0, kBlack}},
+    {99047, {F::HairBack, 3, kBlack}}, {99052, {F::HairBack, 1, kBlond}}, {99054, {F::HairBack, 8, kBrown}},
+    {99056, {F::HairBack, 6, kGrey}}, {99063, {F::HairBack, 4, kBlack}}, {99070, {F::HairBack, 7, kBlond}},
+    {99071, {F::HairBack, 5, kDark}}, {99082, {F::HairBack, 2, kGinger}}, {99083, {F::HairBack, 7, kBlack}},
     {99084, {F::HairBack, 3, kGinger}}, {99085, {F::HairBack, 3, kBlond}},
 }};
 

@@ -12,8 +12,10 @@
 #include "core/text.h"
 #include "orders/coaching.h"
 #include "orders/onetoone.h"
+#include "match/pictures/kitcolours.h"
 #include "ui/coachscr.h"
 #include "ui/emailplayer.h"
+#include "ui/faceview.h"
 #include "ui/look.h"
 #include "ui/mainwindow.h"
 #include "ui/onetoonedialog.h"
@@ -47,6 +49,7 @@ SquadScreen::SquadScreen(SessionController& controller, QWidget* parent)
       physioLeft_(new QLabel(this)),
       actionsUsed_(new QLabel(this)),
       txtOtherDet_(new PlayerDetailsPanel(this)),
+      picFace_(new FaceView(this)),
       lstActions_(new QListWidget(this)) {
     auto* root = new QVBoxLayout(this);
     root->setContentsMargins(18, 12, 18, 12);
@@ -110,9 +113,10 @@ SquadScreen::SquadScreen(SessionController& controller, QWidget* parent)
     lower->setSpacing(10);
 
     auto* details = new QGroupBox("Player details", this);
-    auto* dl = new QVBoxLayout(details);
+    auto* dl = new QHBoxLayout(details);
     dl->setContentsMargins(6, 4, 6, 6);
-    dl->addWidget(txtOtherDet_);
+    dl->addWidget(txtOtherDet_, 1);
+    dl->addWidget(picFace_, 0, Qt::AlignTop);
     lower->addWidget(details, 1);
 
     auto* orders = new QGroupBox("Orders this week", this);
@@ -233,6 +237,7 @@ void SquadScreen::enableForClubs(bool hasClubs) {
         physioLeft_->clear();
         actionsUsed_->clear();
         txtOtherDet_->showNone();
+        picFace_->clear();
     }
 }
 
@@ -317,9 +322,11 @@ void SquadScreen::showDetails() {
     const Player* player = club ? club->player(club->findPlayer(row)) : nullptr;
     if (!player || row.empty()) {
         txtOtherDet_->showNone();
+        picFace_->clear();
         return;
     }
     txtOtherDet_->showPlayer(*player, controller_.session().Game.Currency);
+    picFace_->showFace(player->Portrait, player->Sign, kitColourName(*club));
 }
 
 void SquadScreen::rebuildOrderLists() {

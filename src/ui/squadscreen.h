@@ -18,6 +18,7 @@
 
 namespace kestrin::ui {
 
+class FaceView;
 class MainWindow;
 class PlayerDetailsPanel;
 
@@ -69,6 +70,7 @@ private:
     QLabel* physioLeft_;
     QLabel* actionsUsed_;
     PlayerDetailsPanel* txtOtherDet_;
+    FaceView* picFace_;
     QListWidget* lstActions_;
     std::vector<QWidget*> needClub_;
 
