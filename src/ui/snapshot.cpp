@@ -14,6 +14,7 @@
 
 #include "core/messages.h"
 #include "ui/admin.h"
+#include "ui/faceview.h"
 #include "ui/lastweek.h"
 #include "ui/honours.h"
 #include "ui/loadturndialog.h"
@@ -168,6 +169,10 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
         save(dialog, "LoadTurn.png");
     }
     failures += renderSquadSnapshots(window, outDir);
+    if (const QString faces = qpath(outDir / "Faces.png"); !faceSheet(controller.session()).save(faces)) {
+        std::fprintf(stderr, "kestrin: cannot write %s\n", faces.toLocal8Bit().constData());
+        ++failures;
+    }
 
     // Last week's reports and the notepad, shown only here, never popped up.
     auto shoot = [&](QDialog* dialog, const std::string& name) {
