@@ -30,7 +30,6 @@
 #include "ui/squadscreen.h"
 #include "ui/tickerform.h"
 #include "ui/vidi.h"
-#include "ui/vidi.h"
 #include "ui/widgets.h"
 
 namespace kestrin::ui {
@@ -51,7 +50,6 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
     addScreen(new NewsScreen(controller_, stack_));
     addScreen(new Preferences(controller_, stack_));
     addScreen(new AdminScreen(controller_, stack_));
-    addScreen(new VidiScreen(controller_, stack_));
     auto* scout = new ScoutScreen(controller_, stack_);
     auto* search = new SearchResults(controller_, stack_);
     addScreen(scout);
