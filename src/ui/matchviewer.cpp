@@ -8,6 +8,7 @@
 #include <QPainterPath>
 #include <QVBoxLayout>
 #include <QtMath>
+#include <algorithm>
 #include <tuple>
 
 #include "core/errors.h"
@@ -25,7 +26,7 @@ using Kind = EventPicture::Kind;
 namespace {
 
 constexpr int kPictureWidth = 240, kPictureHeight = 200, kDrawingHeight = 156;
-constexpr int kStatisticsWidth = 640, kStatisticsHeight = 460;
+constexpr int kStatisticsWidth = 780, kStatisticsHeight = 520, kStatisticsDrawingHeight = 112;
 
 QColor reportColour(results::ReportColour c) { return QColor(int(c & 0xFF), int(c >> 8 & 0xFF), int(c >> 16 & 0xFF)); }
 
@@ -237,17 +238,24 @@ void clock(QPainter& p, const QRectF& r, bool fullTime) {
 
 void statistics(QPainter& p, const QRectF& r) {
     p.fillRect(r, QColor(16, 48, 96));
-    whistle(p, QPointF(r.left() + 48, r.center().y()), 0.8);
+    // The whistle on its cord.
+    p.setPen(QPen(QColor(229, 57, 53), 3));
+    p.setBrush(Qt::NoBrush);
+    QPainterPath cord(QPointF(r.left() + 40, r.top()));
+    cord.cubicTo(QPointF(r.left() + 20, r.center().y()), QPointF(r.left() + 30, r.bottom() - 10),
+                 QPointF(r.left() + 52, r.center().y() + 14));
+    p.drawPath(cord);
+    whistle(p, QPointF(r.left() + 66, r.center().y() + 10), 1.0);
     const qreal base = r.bottom() - 12;
-    const int heights[] = {36, 58, 44, 70, 28, 52};
-    for (int k = 0; k < 6; ++k) {
-        const qreal x = r.left() + 140 + k * 34;
+    const int heights[] = {36, 58, 44, 70, 28, 52, 40, 64};
+    for (int k = 0; k < 8; ++k) {
+        const qreal x = r.left() + 170 + k * 34;
         p.setPen(Qt::NoPen);
         p.setBrush(k % 2 ? QColor(255, 202, 40) : QColor(129, 212, 250));
         p.drawRect(QRectF(x, base - heights[k], 22, heights[k]));
     }
     p.setPen(QPen(kChalk, 2));
-    p.drawLine(QPointF(r.left() + 130, base), QPointF(r.right() - 16, base));
+    p.drawLine(QPointF(r.left() + 160, base), QPointF(r.left() + 460, base));
 }
 
 }  // namespace
@@ -261,10 +269,13 @@ EventPicture::EventPicture(Kind kind, const QString& objectName, int showMs, QWi
     timer_->setObjectName("tmr");
     timer_->setSingleShot(true);
     timer_->setInterval(showMs);
-    connect(timer_, &QTimer::timeout, this, &QWidget::hide);
+    connect(timer_, &QTimer::timeout, this, [this] {
+        hide();
+        emit gone();
+    });
 
     auto* root = new QVBoxLayout(this);
-    root->setContentsMargins(8, kDrawingHeight + 10, 8, 8);
+    root->setContentsMargins(8, drawingHeight() + 10, 8, 8);
     root->setSpacing(6);
     caption_->setObjectName(kind == Kind::Whistle ? "txtTime" : "lblCaption");
     caption_->setAlignment(Qt::AlignCenter);
@@ -280,7 +291,7 @@ EventPicture::EventPicture(Kind kind, const QString& objectName, int showMs, QWi
         txtMsg_->setReadOnly(true);
         txtMsg_->setFocusPolicy(Qt::NoFocus);
         txtMsg_->setLineWrapMode(QPlainTextEdit::NoWrap);
-        txtMsg_->setFont(fixedFont(-1));
+        txtMsg_->setFont(fixedFont(-2));
         root->addWidget(txtMsg_, 1);
         auto* exit = makeButton("cmdExit", "Close", this);
         exit->setFocusPolicy(Qt::NoFocus);
@@ -296,8 +307,11 @@ EventPicture::EventPicture(Kind kind, const QString& objectName, int showMs, QWi
     }
 }
 
+int EventPicture::drawingHeight() const { return kind_ == Kind::Statistics ? kStatisticsDrawingHeight : kDrawingHeight; }
+
 void EventPicture::popUp(const QString& caption) {
     caption_->setText(caption);
+    shownAt_ = ++shownCount_;
     show();
     raise();
     timer_->start();
@@ -313,9 +327,9 @@ void EventPicture::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::Antialiasing);
     QPainterPath frame;
     frame.addRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 12, 12);
-    p.fillPath(frame, QColor(20, 30, 40, 235));
+    p.fillPath(frame, QColor(20, 30, 40));
     p.setClipPath(frame);
-    const QRectF drawing(0, 0, width(), kDrawingHeight);
+    const QRectF drawing(0, 0, width(), drawingHeight());
     switch (kind_) {
         case Kind::Booking: card(p, drawing, QColor(255, 214, 0)); break;
         case Kind::SendingOff: card(p, drawing, QColor(211, 47, 47)); break;
@@ -427,7 +441,10 @@ Matchviewer::Matchviewer(SessionController& controller, QWidget* parent)
         {Kind::Substitution, "frmSplash4", 2500}, {Kind::Tactics, "frmSplash5", 2500},
         {Kind::Whistle, "frmSplash6", 3500},     {Kind::Statistics, "frmRefBlows", 60000},
     };
-    for (const auto& [kind, name, ms] : pictures) pictures_.push_back(new EventPicture(kind, name, ms, this));
+    for (const auto& [kind, name, ms] : pictures) {
+        pictures_.push_back(new EventPicture(kind, name, ms, this));
+        connect(pictures_.back(), &EventPicture::gone, this, &Matchviewer::placePictures);
+    }
     finish();
 }
 
@@ -558,15 +575,22 @@ void Matchviewer::finish() {
     cmdSearch_->setEnabled(true);
 }
 
-// The event pictures sit in the grid's top right corner, clear of the newest
-// rows at its foot; the statistics in its middle.
+// The event pictures stand in a column at the grid's right, the newest at the
+// top, clear of the newest rows at its foot; the statistics in its middle.
 void Matchviewer::placePictures() {
     const QRect grid = msfGrid_->geometry();
+    std::vector<EventPicture*> column;
     for (EventPicture* p : pictures_) {
         if (p->kind() == Kind::Statistics)
             p->move(grid.center() - QPoint(p->width() / 2, p->height() / 2));
-        else
-            p->move(grid.right() - p->width() - 28, grid.top() + 16);
+        else if (p->isVisible())
+            column.push_back(p);
+    }
+    std::sort(column.begin(), column.end(), [](auto* a, auto* b) { return a->shownAt() > b->shownAt(); });
+    int y = grid.top() + 16;
+    for (EventPicture* p : column) {
+        p->move(grid.right() - p->width() - 28, y);
+        y += p->height() + 12;
     }
 }
 

@@ -31,15 +31,22 @@ public:
     void popUp(const QString& caption);
     // The closing statistics' text, below the drawing.
     void setMessage(const QString& text);
+    // Later pictures have larger numbers.
+    int shownAt() const { return shownAt_; }
 
 signals:
     void shown(const QString& caption);
+    void gone();  // taken away by its timer
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    int drawingHeight() const;
+
     Kind kind_;
+    int shownAt_ = 0;
+    static inline int shownCount_ = 0;
     QLabel* caption_;
     QPlainTextEdit* txtMsg_ = nullptr;
     QTimer* timer_;

@@ -19,12 +19,14 @@
 #include "ui/honours.h"
 #include "ui/loadturndialog.h"
 #include "ui/mainwindow.h"
+#include "ui/matchviewer.h"
 #include "ui/memoform.h"
 #include "ui/newsscreen.h"
 #include "ui/notepad.h"
 #include "ui/qtext.h"
 #include "ui/squadscreen.h"
 #include "ui/tickerform.h"
+#include "ui/vidi.h"
 
 namespace kestrin::ui {
 
@@ -161,6 +163,39 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
             save(window, file);
         }
         controller.selectClub(0);
+    }
+    // The Match viewer part-way through a report, the picture of a goal up;
+    // then the closing statistics it opens with.
+    if (auto* viewer = qobject_cast<Matchviewer*>(window.screen("Matchviewer"))) {
+        const GameFolder& folder = controller.session().Folder;
+        const std::vector<std::string> reports = folder.list("Squadsheets", "*#*");
+        if (!reports.empty()) {
+            window.showScreen("Matchviewer");
+            viewer->findChild<QLineEdit*>("txtF")->setText(qpath(folder.resolve("Squadsheets/" + reports[0])));
+            viewer->start();
+            viewer->timer()->stop();
+            EventPicture* statistics = viewer->picture(EventPicture::Kind::Statistics);
+            if (statistics->isVisible()) save(window, "Matchviewer-Statistics.png");
+            statistics->hide();
+            EventPicture* goal = viewer->picture(EventPicture::Kind::Goal);
+            for (int i = 0; i < 400 && viewer->replaying() && !(i > 60 && goal->isVisible()); ++i) viewer->tick();
+            save(window, "Matchviewer.png");
+            window.showScreen("MainMenu");
+        }
+    }
+    // The Vidiprinter an hour into the afternoon, then at the next goal of a
+    // club the manager follows, its alert up.
+    if (auto* vidi = qobject_cast<VidiScreen*>(window.screen("Vidi"))) {
+        window.showScreen("Vidi");
+        vidi->setMinuteInterval(24 * 3600 * 1000);  // the ticks are ours
+        vidi->start();
+        for (int minute = 0; minute < 60; ++minute) vidi->tick();
+        vidi->alert()->hide();
+        save(window, "Vidi.png");
+        for (int minute = 60; minute < 100 && !vidi->alert()->isVisible(); ++minute) vidi->tick();
+        if (vidi->alert()->isVisible()) save(window, "Vidi-Alert.png");
+        vidi->alert()->hide();
+        window.showScreen("MainMenu");
     }
     {
         LoadTurnDialog dialog(controller, &window);
