@@ -38,7 +38,8 @@ constexpr std::array<Entry, kPortraitCodes> kParts{{
     {3010, {F::Head, 0, 4}}, {3011, {F::Head, 1, 5}}, {3012, {F::Head, 2, 6}}, {3013, {F::Head, 3, 1}},
     {3014, {F::Head, 1, 3}}, {3015, {F::Head, 0, 6}}, {3016, {F::Head, 3, 5}},
     // Mouths: 0 flat, 1 smile, 2 smirk, 3 slight smile, 4 open, 5 gap-toothed
-    // grin, 6 broad grin, 7 wide smile, 8 pout, 9 tongue out.
+    // grin, 6 broad grin, 7 wide smile, 8 pout, 9 tongue out; 10 to 12 are the
+    // moods without a code.
     {5001, {F::Mouth, 0, 0}}, {5016, {F::Mouth, 1, 0}}, {5020, {F::Mouth, 2, 0}}, {5021, {F::Mouth, 3, 0}},
     {5024, {F::Mouth, 4, 0}}, {5028, {F::Mouth, 5, 0}}, {5033, {F::Mouth, 6, 0}}, {5037, {F::Mouth, 7, 0}},
     {5049, {F::Mouth, 8, 0}}, {5051, {F::Mouth, 9, 0}},
@@ -71,7 +72,7 @@ constexpr std::array<Entry, kPortraitCodes> kParts{{
     {99084, {F::HairBack, 3, kGinger}}, {99085, {F::HairBack, 3, kBlond}},
 }};
 
-// Parts 103 to 105: frown, grimace, scowl.
+// Parts 103 to 105: doubtful, frown, unimpressed.
 constexpr std::array<PortraitPart, 3> kMoodsWithoutCode{{{F::Mouth, 10, 0}, {F::Mouth, 11, 0}, {F::Mouth, 12, 0}}};
 
 }  // namespace

@@ -39,7 +39,7 @@ QImage faceSheet(const Session& session, int count) {
         }
         if (!any) break;
     }
-    constexpr int kColumns = 10, kCellWidth = 128, kTextHeight = 40;
+    constexpr int kColumns = 10, kCellWidth = 150, kTextHeight = 40;
     const int rows = (int(shown.size()) + kColumns - 1) / kColumns;
     QImage sheet(kColumns * kCellWidth, std::max(1, rows) * (kFaceHeight + kTextHeight), QImage::Format_ARGB32);
     sheet.fill(QColor(236, 234, 228));

@@ -507,8 +507,10 @@ void drawComplexion(QPainter& p, int style) {
 }
 
 void drawEyes(QPainter& p, int part, int style, int shade) {
+    // Brown, blue, green, dark: under dark brows the eyes are brown or dark.
     static const QColor irises[] = {{96, 58, 30}, {62, 116, 186}, {74, 126, 68}, {52, 36, 26}};
-    const QColor iris = irises[part % 4];
+    const bool darkBrows = shade == int(HairShade::Black) || shade == int(HairShade::DarkBrown);
+    const QColor iris = irises[darkBrows ? (part % 2) * 3 : part % 4];
     const QColor brow = shade == int(HairShade::None) ? QColor(60, 45, 35) : hairColour(shade).darker(115);
     const int browStyle = part % 4;
     bothSides(p, [&] {
@@ -774,27 +776,30 @@ void drawMouth(QPainter& p, int style) {
             p.drawPath(path);
             break;
         }
-        case 10:  // frown
+        case 10:  // doubtful: a short line, one corner down
+            p.setPen(pen(line, 1.4));
+            path.moveTo(kCx - 6, y + 0.5);
+            path.quadTo(kCx, y - 1, kCx + 6, y + 1.5);
+            p.drawPath(path);
+            p.setPen(pen(QColor(156, 72, 62, 90), 2));
+            p.drawLine(QPointF(kCx - 2.5, y + 2.5), QPointF(kCx + 2.5, y + 2.5));
+            break;
+        case 11:  // frown
             p.setPen(pen(line, 1.5));
             path.moveTo(kCx - 7, y + 2.5);
             path.quadTo(kCx, y - 3.5, kCx + 7, y + 2.5);
             p.drawPath(path);
             break;
-        case 11: {  // grimace: clenched teeth
-            path.addRoundedRect(QRectF(kCx - 8, y - 3, 16, 6), 2.5, 2.5);
-            shape(p, path, QColor(250, 250, 244), line, 1.2);
-            p.setPen(pen(QColor(120, 110, 100), 0.7));
-            p.drawLine(QPointF(kCx - 7, y), QPointF(kCx + 7, y));
-            for (double x = kCx - 5; x <= kCx + 5; x += 2.5) p.drawLine(QPointF(x, y - 2.5), QPointF(x, y + 2.5));
+        case 12:  // unimpressed: lips pressed, the corners turned down
+            p.setPen(pen(line, 1.4));
+            path.moveTo(kCx - 6.5, y + 1.5);
+            path.quadTo(kCx - 5, y - 0.5, kCx - 3, y);
+            path.lineTo(kCx + 3, y);
+            path.quadTo(kCx + 5, y - 0.5, kCx + 6.5, y + 1.5);
+            p.drawPath(path);
+            p.setPen(pen(QColor(156, 72, 62, 80), 2.2));
+            p.drawLine(QPointF(kCx - 2.5, y + 2.6), QPointF(kCx + 2.5, y + 2.6));
             break;
-        }
-        case 12: {  // scowl, mouth open
-            path.moveTo(kCx - 7, y + 4);
-            path.quadTo(kCx, y - 6, kCx + 7, y + 4);
-            path.quadTo(kCx, y + 1, kCx - 7, y + 4);
-            shape(p, path, inside, line, 1.3);
-            break;
-        }
         default: break;
     }
 }
