@@ -262,7 +262,8 @@ void drawHairFront(QPainter& p, int style, int shade) {
             for (const auto& f : fringe) path.lineTo(f[0], f[1]);
             path.closeSubpath();
             shape(p, path, hair, dark);
-            strands(p, dark, {{40, 22, 38, 36}, {48, 21, 47, 37}, {56, 22, 58, 36}, {33, 26, 30, 40}, {63, 26, 66, 40}});
+            strands(p, dark,
+                    {{40, 22, 38, 36}, {48, 21, 47, 37}, {56, 22, 58, 36}, {33, 26, 30, 40}, {63, 26, 66, 40}});
             break;
         }
         case 5: {  // quiff
@@ -424,7 +425,8 @@ void drawHairBack(QPainter& p, int style, int shade) {
             break;
         case 4:  // long locks
             path.addEllipse(QPointF(kCx, 38), 27, 22);
-            for (double x : {21.0, 26.0, 31.0, 65.0, 70.0, 75.0}) path.addRoundedRect(QRectF(x - 2.5, 40, 5, 52 - std::abs(x - kCx) * 0.4), 2.5, 2.5);
+            for (double x : {21.0, 26.0, 31.0, 65.0, 70.0, 75.0})
+                path.addRoundedRect(QRectF(x - 2.5, 40, 5, 52 - std::abs(x - kCx) * 0.4), 2.5, 2.5);
             path = path.simplified();
             break;
         case 5:  // a bun on top, short at the sides
@@ -873,8 +875,10 @@ void drawBeard(QPainter& p, int style, int shade) {
             b = b.subtracted(mouthHole);
             shape(p, b, hair, dark, 0.9);
             p.setPen(pen(dark, 0.8));
-            for (double x = 32; x <= 64; x += 4)
-                p.drawLine(QPointF(x, 74 + std::abs(x - kCx) * -0.2), QPointF(x + (x - kCx) * 0.05, 78 + std::abs(x - kCx) * -0.2));
+            for (double x = 32; x <= 64; x += 4) {
+                const double y = 74 - std::abs(x - kCx) * 0.2;
+                p.drawLine(QPointF(x, y), QPointF(x + (x - kCx) * 0.05, y + 4));
+            }
             moustache(2);
             break;
         }
