@@ -67,6 +67,13 @@ void VidiTest::anAfternoonToFullTime() {
     QStringList offered;
     for (int i = 0; i < country->count(); ++i) offered << country->itemText(i);
     QCOMPARE(offered, QStringList({"ENG", "ENG L.C.", "ENG1", "ENG1 L.C."}));
+    // Paused before the first minute, the clock stands until Resume.
+    auto* pause = g.button("Vidi", "btnPause");
+    pause->click();
+    QTest::qWait(50);
+    QCOMPARE(g.text("LblTime"), QString("0 minutes"));
+    QCOMPARE(pause->text(), QString("Resume"));
+    pause->click();
 
     QTRY_COMPARE_WITH_TIMEOUT(g.text("LblTime"), QString("All Games Completed"), 20000);
     QVERIFY(start->isEnabled());
