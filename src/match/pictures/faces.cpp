@@ -341,10 +341,10 @@ void drawHairFront(QPainter& p, int style, int shade) {
             QPainterPath all = path.united(left).united(right);
             // The curtains open in the middle of the forehead.
             QPainterPath gap;
-            gap.moveTo(kCx, 24);
-            gap.cubicTo(40, 30, 34, 36, 32, 44);
-            gap.lineTo(64, 44);
-            gap.cubicTo(62, 36, 56, 30, kCx, 24);
+            gap.moveTo(kCx, 27);
+            gap.cubicTo(44, 31, 38, 36, 35, 45);
+            gap.lineTo(61, 45);
+            gap.cubicTo(58, 36, 52, 31, kCx, 27);
             all = all.subtracted(gap);
             shape(p, all, hair, dark);
             strands(p, light, {{44, 24, 36, 36}, {52, 24, 60, 36}}, 0.9);
