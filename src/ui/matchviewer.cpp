@@ -216,7 +216,7 @@ void whistle(QPainter& p, const QPointF& at, qreal scale) {
 
 void clock(QPainter& p, const QRectF& r, bool fullTime) {
     p.fillRect(r, QColor(13, 71, 161));
-    const QPointF c(r.center().x() - 34, r.center().y());
+    const QPointF c(r.center().x() - 46, r.center().y());
     p.setPen(QPen(kChalk, 4));
     p.setBrush(QColor(250, 250, 250));
     p.drawEllipse(c, 56, 56);
@@ -233,7 +233,7 @@ void clock(QPainter& p, const QRectF& r, bool fullTime) {
     p.drawLine(c, c + QPointF(0, fullTime ? -40 : 40));
     p.setBrush(QColor(30, 30, 30));
     p.drawEllipse(c, 5, 5);
-    whistle(p, QPointF(r.right() - 64, r.center().y() + 8), 0.9);
+    whistle(p, QPointF(r.right() - 82, r.center().y() + 8), 0.85);
 }
 
 void statistics(QPainter& p, const QRectF& r) {
