@@ -206,7 +206,7 @@ std::vector<std::vector<VidiPlace>> readVidiInternationalTables(const std::vecto
         for (++i; i < lines.size(); ++i)
             if (std::any_of(kZoneMarkers.begin(), kZoneMarkers.end(), [&](auto m) { return contains(lines[i], m); }))
                 break;
-        if (i == lines.size() || contains(lines[i], kZoneMarkers.back())) break;
+        if (i >= lines.size() || contains(lines[i], kZoneMarkers.back())) break;
         out.push_back(group(lines, i + 2, h, file, true));
         i += 1 + kGroupSize;
     }
