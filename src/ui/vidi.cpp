@@ -64,7 +64,9 @@ GoalAlert::GoalAlert(QWidget* parent) : QWidget(parent), lblInvolve_(new QLabel(
     lblInvolve_->setObjectName("lblInvolve");
     lblInvolve_->setAlignment(Qt::AlignCenter);
     lblInvolve_->setStyleSheet("color: white; font-size: 14pt; font-weight: bold; background: transparent;");
-    lblInvolve_->setGeometry(150, 112, 296, 40);
+    // A long club name takes a second line rather than being cut.
+    lblInvolve_->setWordWrap(true);
+    lblInvolve_->setGeometry(146, 100, 304, 62);
     timer_->setSingleShot(true);
     connect(timer_, &QTimer::timeout, this, &QWidget::hide);
     hide();
