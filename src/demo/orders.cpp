@@ -7,6 +7,7 @@
 #include "core/text.h"
 #include "demo/league.h"
 #include "match/pitch.h"
+#include "orders/market.h"
 #include "orders/playeractions.h"
 
 namespace kestrin::demo {
@@ -139,11 +140,17 @@ void giveOrders(Session& s, int clubs, uint64_t seed) {
             const ExportClub& e = *others[size_t(rng.range(0, int(others.size()) - 1))];
             Movement& bid = club.Movements[move++];
             bid.Move = kMoveBid;
-            bid.Player = e.Players.back().Name;
+            const ExportPlayer& target = e.Players.back();
+            bid.Player = target.Name;
             bid.Club = e.Name;
-            bid.Fee = rng.range(10, 80) * 5000;
-            bid.Contract = rng.range(26, 104);
-            bid.Incentive = rng.range(0, 10) * 500;
+            // A bid the market takes: within the player's values, a contract
+            // of one of the four lengths, an incentive under the cap.
+            const int32_t lowest = target.MinValue, highest = std::max(lowest, int32_t(val(target.MaxValue)));
+            bid.Fee = lowest + (highest - lowest) / 100 * rng.range(0, 100);
+            bid.Contract = int32_t(6 * rng.range(1, 4));
+            MarketSelection row;
+            row.MaxValue = std::string(target.MaxValue);
+            bid.Incentive = std::min(incentiveLimit(row), int32_t(rng.range(0, 10) * 5000));
         }
         for (const Player& p : club.Players)
             if (p.Listed == "N" && p.Contract < 20 && move < 6) {

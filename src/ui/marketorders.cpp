@@ -35,7 +35,9 @@ QListWidget* orderList(const QString& name, QWidget* parent) {
     auto* list = new QListWidget(parent);
     list->setObjectName(name);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
-    list->setMinimumHeight(QFontMetrics(list->font()).lineSpacing() * 4 + 8);
+    // Room for the four scout actions or the six movements, no more: the
+    // player grid above takes the height.
+    list->setFixedHeight(QFontMetrics(list->font()).lineSpacing() * 6 + 10);
     return list;
 }
 

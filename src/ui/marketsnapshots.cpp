@@ -28,7 +28,10 @@ int renderMarketSnapshots(MainWindow& window, SessionController& controller, con
     };
     auto* scout = qobject_cast<ScoutScreen*>(window.screen("Scout"));
     auto* search = qobject_cast<SearchResults*>(window.screen("SearchResults"));
-    if (!scout || !search || controller.session().ExportClubs.size() < 2) return failures;
+    if (!scout || !search || controller.session().ExportClubs.size() < 2) {
+        std::fprintf(stderr, "kestrin: no clubs to scout: Scout.png drawn empty\n");
+        return failures;
+    }
 
     // A club of the game and one of its players, with his face.
     window.showScreen("Scout");

@@ -1,7 +1,9 @@
 #include "ui/rowstable.h"
 
 #include <QHeaderView>
+#include <algorithm>
 
+#include "core/text.h"
 #include "ui/look.h"
 #include "ui/qtext.h"
 
@@ -10,8 +12,8 @@ namespace kestrin::ui {
 namespace {
 
 // The game measures widths in twips, fifteen to a pixel on the screens it
-// was drawn for.
-constexpr int kTwipsPerPixel = 15;
+// was drawn for; this font needs a little more room than that one did.
+constexpr int kTwipsPerPixel = 12;
 
 }  // namespace
 
@@ -36,7 +38,9 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
     const std::string& cell = c < cells.size() ? cells[c] : empty;
     switch (role) {
     case Qt::DisplayRole:
-        return qs(cell);
+        // Figures are padded with blanks to sort as text; the column's
+        // alignment shows them without the blanks.
+        return qs(trimView(cell));
     case GameTextRole:
         // Borrowed bytes: the proxy compares them at once and keeps nothing.
         return QByteArray::fromRawData(cell.data(), qsizetype(cell.size()));
@@ -74,10 +78,14 @@ RowsTable::RowsTable(const QString& objectName, std::vector<RowsColumn> columns,
         if (columns[size_t(c)].width == 0) {
             setColumnHidden(c, true);
         } else {
-            setColumnWidth(c, columns[size_t(c)].width / kTwipsPerPixel + 14);
+            // Never narrower than its head with the sort arrow beside it.
+            const int head = horizontalHeader()->fontMetrics().horizontalAdvance(qs(columns[size_t(c)].head)) + 30;
+            setColumnWidth(c, std::max(head, columns[size_t(c)].width / kTwipsPerPixel + 14));
         }
     }
     // A click on a head sorts; the same head again flips the order.
+    // Rows come in the order the logic gives until a head is clicked.
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
     horizontalHeader()->setSortIndicatorShown(true);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { emit rowChosen(); });

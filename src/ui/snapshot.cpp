@@ -24,6 +24,7 @@
 #include "ui/newsscreen.h"
 #include "ui/notepad.h"
 #include "ui/qtext.h"
+#include "ui/scout.h"
 #include "ui/squadscreen.h"
 #include "ui/tickerform.h"
 #include "ui/vidi.h"
@@ -204,6 +205,7 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
         save(dialog, "LoadTurn.png");
     }
     failures += renderSquadSnapshots(window, outDir);
+    failures += renderMarketSnapshots(window, controller, outDir);
     if (const QString faces = qpath(outDir / "Faces.png"); !faceSheet(controller.session()).save(faces)) {
         std::fprintf(stderr, "kestrin: cannot write %s\n", faces.toLocal8Bit().constData());
         ++failures;

@@ -14,6 +14,7 @@
 #include "orders/onetoone.h"
 #include "match/pictures/kitcolours.h"
 #include "ui/coachscr.h"
+#include "ui/comparedialog.h"
 #include "ui/emailplayer.h"
 #include "ui/faceview.h"
 #include "ui/look.h"
@@ -157,6 +158,13 @@ SquadScreen::SquadScreen(SessionController& controller, QWidget* parent)
     sl->addWidget(coachText_);
     side->addWidget(staff);
     side->addStretch(1);
+    auto* skill = makeButton("btnSkill", "Skill comparison", this);
+    skill->setToolTip("Set the chosen player against team-mates and scouted players, skill by skill");
+    side->addWidget(skill);
+    connect(skill, &QPushButton::clicked, this, [this] {
+        if (orderClub()) CompareDialog::openOver(this, controller_, currentRowText());
+    });
+    needClub_.push_back(skill);
     auto* save = makeButton("Command2", "Save Turnsheet", this);
     auto* send = makeButton("Command3", "Send Turnsheet", this);
     auto* back = makeButton("btnReturn", "Main Menu", this);

@@ -4,11 +4,15 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTableWidget>
 #include <QtTest>
 
 #include "core/gamefolder.h"
 #include "orders/scoutfile.h"
+#include "orders/orderresult.h"
+#include "ui/comparedialog.h"
 #include "ui/faceview.h"
+#include "ui/qtext.h"
 #include "ui/rowstable.h"
 #include "ui/scout.h"
 #include "ui/searchresults.h"
@@ -16,6 +20,7 @@
 
 using namespace kestrin;
 using namespace kestrin::test;
+using ui::gameText;
 
 namespace {
 
@@ -63,6 +68,7 @@ private slots:
     void bidShowsOnBothScreensAndInTheTurnsheet();
     void scoutedBeforeAsksAndNoStops();
     void searchFindsByNameAndBids();
+    void skillComparisonFromTheSquad();
 };
 
 void ScoutTest::bidShowsOnBothScreensAndInTheTurnsheet() {
@@ -176,6 +182,32 @@ void ScoutTest::searchFindsByNameAndBids() {
     QCOMPARE(m.g.window->currentScreen(), static_cast<ui::Screen*>(m.scout));
     m.g.button("Scout", "Command1")->click();
     QCOMPARE(search->filter().Sign, std::string("5"));
+}
+
+void ScoutTest::skillComparisonFromTheSquad() {
+    UiGame g;
+    g.window->showScreen("SquadScr");
+    g.messages.entries.clear();
+    g.button("SquadScr", "btnSkill")->click();
+    onlyMessage(g, RecordingMessages::Kind::Refuse, "No player selected",
+                "Please select a player to compare before clicking this button");
+
+    auto* grid = g.on<QTableWidget>("SquadScr", "grdSquad");
+    grid->setCurrentCell(0, 0);
+    g.button("SquadScr", "btnSkill")->click();
+    auto* compare = g.window->findChild<ui::CompareDialog*>("Compare");
+    QVERIFY(compare);
+    // A team-mate against the first player: the first row is the base as he
+    // stands, the second the differences.
+    QListWidget* candidates = compare->candidates();
+    candidates->setCurrentRow(candidates->count() - 1);
+    compare->add();
+    compare->compare();
+    QCOMPARE(compare->result()->rowCount(), 2);
+    const Club& club = g.session().Clubs[0];
+    const std::string baseName = gameText(grid->item(0, 0)->text());
+    QVERIFY(q(rowPlayer(club, baseName).Name) == compare->result()->item(0, 0)->text());
+    compare->close();
 }
 
 QTEST_MAIN(ScoutTest)
