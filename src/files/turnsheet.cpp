@@ -6,6 +6,7 @@
 #include "core/gamefolder.h"
 #include "core/text.h"
 #include "match/pitch.h"
+#include "match/profiles.h"
 
 namespace kestrin {
 
@@ -389,10 +390,12 @@ fs::path turnsheetPath(const Session& s, const Club& c) {
 
 namespace {
 
-// Automatic saving of match profiles (the SaveProf preference) hooks in
-// here, once per match whose keeper's slot is filled. Profiles are not yet
-// saved: this is deliberately empty until the profile files exist.
-void saveMatchProfiles(const Session& /*session*/, const Club& /*club*/) {}
+// Automatic saving of match profiles (the SaveProf preference): one per
+// match, under the match's own name; a profile that can't be written is told
+// and does not stop the Turnsheets.
+void saveMatchProfiles(const Session& session, const Club& club, Messages& messages) {
+    saveAutomaticProfiles(session, club, messages);
+}
 
 }  // namespace
 
@@ -404,7 +407,7 @@ std::vector<fs::path> saveTurnsheets(Session& session, Messages& messages) {
     try {
         session.Folder.ensureFolder("Turnsheet");
         for (const Club& club : session.Clubs) {
-            if (session.Prefs.SaveProf == 0) saveMatchProfiles(session, club);
+            if (session.Prefs.SaveProf == 0) saveMatchProfiles(session, club, messages);
             const fs::path path = turnsheetPath(session, club);
             writeFileAtomic(path, turnsheetText(club));
             written.push_back(path);
