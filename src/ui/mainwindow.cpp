@@ -236,6 +236,8 @@ void MainWindow::makeMenus() {
     };
     connect(&controller_, &SessionController::loadFinished, this, enable);
     enable();
+    // The screens' least size is below the menu bar, not under it.
+    setMinimumHeight(minimumHeight() + menuBar()->sizeHint().height());
 }
 
 void MainWindow::fillRecentMenu() {
