@@ -12,20 +12,14 @@
 #include "ui/scout.h"
 #include "ui/searchresults.h"
 #include "ui/sessioncontroller.h"
+#include "ui/snapshot.h"
 #include "ui/squadscreen.h"
 
 namespace kestrin::ui {
 
 int renderMarketSnapshots(MainWindow& window, SessionController& controller, const std::filesystem::path& outDir) {
     int failures = 0;
-    auto save = [&](QWidget& w, const std::string& name) {
-        QCoreApplication::processEvents();
-        const QString file = qpath(outDir / name);
-        if (!w.grab().save(file)) {
-            std::fprintf(stderr, "kestrin: cannot write %s\n", file.toLocal8Bit().constData());
-            ++failures;
-        }
-    };
+    auto save = [&](QWidget& w, const std::string& name) { failures += !savePicture(w, outDir / name); };
     auto* scout = qobject_cast<ScoutScreen*>(window.screen("Scout"));
     auto* search = qobject_cast<SearchResults*>(window.screen("SearchResults"));
     if (!scout || !search || controller.session().ExportClubs.size() < 2) {

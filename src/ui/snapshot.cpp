@@ -13,8 +13,10 @@
 #include <tuple>
 
 #include "core/messages.h"
+#include "match/profiles.h"
 #include "ui/admin.h"
 #include "ui/faceview.h"
+#include "ui/fixt.h"
 #include "ui/lastweek.h"
 #include "ui/honours.h"
 #include "ui/loadturndialog.h"
@@ -30,6 +32,13 @@
 #include "ui/vidi.h"
 
 namespace kestrin::ui {
+
+bool savePicture(QWidget& widget, const std::filesystem::path& file) {
+    QCoreApplication::processEvents();
+    if (widget.grab().save(qpath(file))) return true;
+    std::fprintf(stderr, "kestrin: cannot write %s\n", qpath(file).toLocal8Bit().constData());
+    return false;
+}
 
 namespace {
 
@@ -68,14 +77,7 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
     window.resize(1280, 800);
     window.show();
     int failures = 0;
-    auto save = [&](QWidget& w, const std::string& name) {
-        QCoreApplication::processEvents();
-        const QString file = qpath(outDir / name);
-        if (!w.grab().save(file)) {
-            std::fprintf(stderr, "kestrin: cannot write %s\n", file.toLocal8Bit().constData());
-            ++failures;
-        }
-    };
+    auto save = [&](QWidget& w, const std::string& name) { failures += !savePicture(w, outDir / name); };
     // The news screen as the manager reads it: its first item open.
     if (auto* news = qobject_cast<NewsScreen*>(window.screen("News"))) news->showItem(0);
     for (Screen* s : window.screens()) {
@@ -95,6 +97,30 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
         window.showScreen("LastWk");
         save(window, "LastWk.png");
         controller.selectClub(0);
+    }
+    // The fixture screen with profiles saved for the first club's matches and
+    // one of them chosen in the list; the profiles made for the picture go again.
+    if (auto* fixt = qobject_cast<FixtScreen*>(window.screen("Fixt")); fixt && controller.hasClubs()) {
+        controller.selectClub(0);
+        const Session& s = controller.session();
+        std::vector<std::filesystem::path> made;
+        if (profileNames(s.Folder).empty()) {
+            for (const Fixture& f : s.Clubs[0].Fixtures) {
+                const std::string name = automaticProfileName(s.Clubs[0], f);
+                try {
+                    saveProfile(s.Folder, name, f);
+                    made.push_back(profilePath(s.Folder, name));
+                } catch (const WriteError&) {
+                }
+            }
+        }
+        window.showScreen("Fixt");
+        fixt->refreshProfiles();
+        if (auto* box = fixt->findChild<QComboBox*>("cboProfiles"); box && box->count() > 0) box->setCurrentIndex(0);
+        save(window, "Profile.png");
+        for (const std::filesystem::path& p : made) std::filesystem::remove(p, ec);
+        fixt->refreshProfiles();
+        window.showScreen("MainMenu");
     }
     // Weekly Administration with an option of each kind of control chosen.
     // Nothing is stored: only the screen's own buttons write adm.kst.

@@ -25,6 +25,7 @@
 #include "ui/playerdetailspanel.h"
 #include "ui/qtext.h"
 #include "ui/sessioncontroller.h"
+#include "ui/snapshot.h"
 #include "ui/widgets.h"
 
 namespace kestrin::ui {
@@ -418,14 +419,7 @@ int renderSquadSnapshots(MainWindow& window, const std::filesystem::path& outDir
     if (!club || squad->grid()->rowCount() == 0) return 0;
 
     int failures = 0;
-    auto save = [&](QWidget& w, const char* name) {
-        QCoreApplication::processEvents();
-        const QString file = qpath(outDir / name);
-        if (!w.grab().save(file)) {
-            std::fprintf(stderr, "kestrin: cannot write %s\n", file.toLocal8Bit().constData());
-            ++failures;
-        }
-    };
+    auto save = [&](QWidget& w, const char* name) { failures += !savePicture(w, outDir / name); };
     auto shoot = [&](QDialog* dialog, const char* name) {
         if (!dialog) return;
         dialog->setAttribute(Qt::WA_DontShowOnScreen);
