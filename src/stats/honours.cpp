@@ -3,9 +3,8 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
-#include <filesystem>
-
 #include "stats/lookups.h"
+#include "stats/reading.h"
 #include "stats/store.h"
 
 namespace kestrin::stats {
@@ -28,24 +27,13 @@ std::string nameOf(SQLite::Database& db, const std::string& code) {
 }  // namespace
 
 std::optional<Honours> clubHonours(const Settings& settings, const std::string& club, Messages& messages) {
-    std::error_code ec;
-    if (settings.StatsFile.empty() || !std::filesystem::is_regular_file(settings.StatsFile, ec)) {
-        messages.refuse("Can't find the stats database",
-                        "You need the Stats database to be able to use this option.\r\n\r\n"
-                        "If you have the database, but this option still isn't working, then make sure you have "
-                        "set the location correctly in the preferences screen");
-        return std::nullopt;
-    }
+    std::optional<ReadableStats> opened = openStatsForReading(settings, messages, "Can't find the stats database");
+    if (!opened) return std::nullopt;
     try {
-        SQLite::Database db(settings.StatsFile, SQLite::OPEN_READONLY);
-        const SchemaState state = inspectSchema(db);
-        if (state == SchemaState::Foreign) {
-            messages.refuse(kUnusableTitle, unusableText(settings.StatsFile));
-            return std::nullopt;
-        }
+        SQLite::Database& db = opened->db;
         Honours h;
         std::string code = club, name = club;
-        if (state == SchemaState::Empty) {
+        if (opened->state == SchemaState::Empty) {
             h.Title = "Club history of " + name;
             return h;
         }
