@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "core/errors.h"
 #include "files/turnsheet.h"
 #include "match/fixtureorders.h"
@@ -58,7 +56,8 @@ TEST(Profiles, SavedProfileLoadsIntoAnotherFixtureFieldByField) {
     Game g;
     const Fixture saved = ordered();
     saveProfile(g.session.Folder, "Cup nights", saved);
-    Fixture loaded = other();
+    const Fixture before = other();
+    Fixture loaded = before;
     ASSERT_EQ(loadProfile(g.session, loaded, "Cup nights", g.messages), ProfileLoad::Loaded);
     EXPECT_EQ(shown(g.messages), std::vector<std::string>{"Ask|Question|Are you sure you want to load this profile?"});
     EXPECT_TRUE(g.session.TurnChanged);
@@ -72,13 +71,11 @@ TEST(Profiles, SavedProfileLoadsIntoAnotherFixtureFieldByField) {
     EXPECT_EQ(formationNumbersText(loaded.Defence, loaded.Midfield, loaded.Attack), "4 - 4 - 2");
     EXPECT_EQ(loaded.Opponent, "Milltown Rovers");
     for (size_t k = 0; k < 13; ++k) {
-        SCOPED_TRACE("shirt " + std::to_string(k + 1));
-        const TeamSlot& got = loaded.Slots[k];
-        const TeamSlot& from = (k == 0 || k > 10) ? other().Slots[k] : saved.Slots[k];  // cells of shirts 2 to 11
-        EXPECT_EQ(got.Player, saved.Slots[k].Player);
-        EXPECT_EQ(std::pair(got.Left, got.Top), std::pair(from.Left, from.Top));
-        const TeamSlot& arrow = k == 0 ? TeamSlot{} : k > 10 ? other().Slots[k] : saved.Slots[k];
-        EXPECT_EQ(std::pair(got.Left2, got.Top2), std::pair(arrow.Left2, arrow.Top2));
+        // Cells come for shirts 2 to 11, arrows for 2 to 11 after those of 1 to 10 are cleared.
+        TeamSlot w = (k == 0 || k > 10) ? before.Slots[k] : saved.Slots[k];
+        w.Player = saved.Slots[k].Player;
+        if (k == 0) w.Left2 = w.Top2 = 0;
+        EXPECT_EQ(loaded.Slots[k], w) << "shirt " << k + 1;
     }
 }
 
@@ -98,37 +95,27 @@ TEST(Profiles, FileHoldsTheOrdersThenTheShirtsThenTheArrowsInFixedLines) {
 
 TEST(Profiles, ShortOrWrongFileIsRefusedByLineAndTheFixtureStaysAsItWas) {
     const std::vector<std::string> good = splitLines(profileText(ordered()));
-    struct Case {
-        const char* what;
-        std::function<void(std::vector<std::string>&)> spoil;
-        int line;
-        const char* found;
+    // A line spoiled, or the file cut before it; either way that line is named.
+    const struct {
+        int at;
+        const char* text;
+        bool cut;
     } cases[] = {
-        {"cut in the orders", [](auto& l) { l.resize(20); }, 21, ""},
-        {"cut in the shirts", [](auto& l) { l.resize(50); }, 51, ""},
-        {"cut in the arrows", [](auto& l) { l.resize(66); }, 67, ""},
-        {"formation without blanks", [](auto& l) { l[0] = "4-4-2"; }, 1, "4-4-2"},
-        {"aggression in words", [](auto& l) { l[2] = "high"; }, 3, "high"},
-        {"tactic unknown", [](auto& l) { l[4] = "Park The Bus"; }, 5, "Park The Bus"},
-        {"formation unknown", [](auto& l) { l[18] = "4 - 6 - 0"; }, 19, "4 - 6 - 0"},
-        {"substitution unknown", [](auto& l) { l[31] = "14 for 2"; }, 32, "14 for 2"},
-        {"shirt 3 without a cell", [](auto& l) { l[42] = ""; }, 43, ""},
-        {"arrow not a cell", [](auto& l) { l[64] = "?5"; }, 65, "?5"},
+        {20, "", true}, {50, "", true}, {66, "", true},  // in the orders, the shirts, the arrows
+        {0, "4-4-2", false}, {2, "high", false}, {4, "Park The Bus", false}, {18, "4 - 6 - 0", false},
+        {31, "14 for 2", false}, {42, "", false}, {64, "?5", false},  // shirt 3 without a cell; an arrow
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& c : cases) {
         std::vector<std::string> lines = good;
-        c.spoil(lines);
+        c.cut ? lines.resize(size_t(c.at)) : void(lines[size_t(c.at)] = c.text);
         Fixture f = other();
         try {
             readProfile(f, lines, "Profiles/Bad.txt");
-            ADD_FAILURE() << "accepted";
+            ADD_FAILURE() << "accepted line " << c.at + 1;
         } catch (const GameFileError& e) {
-            EXPECT_EQ(e.file, "Profiles/Bad.txt");
-            EXPECT_EQ(e.line, c.line);
-            EXPECT_EQ(e.found, c.found);
+            EXPECT_EQ(std::tuple(e.file, e.line, e.found), std::tuple("Profiles/Bad.txt", c.at + 1, c.text));
         }
-        EXPECT_EQ(f, other());
+        EXPECT_EQ(f, other()) << c.at + 1;
     }
 
     Game g;
@@ -157,10 +144,8 @@ TEST(Profiles, OlderProfilesKeepWhatTheyHold) {
     Fixture f = other();
     EXPECT_EQ(loadProfile(g.session, f, "Old", g.messages), ProfileLoad::OldProfile);
     EXPECT_EQ(shown(g.messages).back(), "Warn|" + std::string(kOldProfileTitle) + "|" + std::string(kOldProfileText));
-    EXPECT_EQ(f.Tactics, 5);
-    EXPECT_EQ(f.Slots[1].Player, "Bob Left");
-    EXPECT_EQ(f.Slots[2].Player, "Somebody");
-    EXPECT_EQ(f.Slots[1].Top, 4920);
+    EXPECT_EQ(std::tuple(f.Tactics, f.Slots[1].Player, f.Slots[2].Player, f.Slots[1].Top),
+              std::tuple(5, "Bob Left", "Somebody", 4920));  // shirt 2 named but not placed
 }
 
 TEST(Profiles, SavedUnderAName_AskedBeforeReplacing_ListedAndDeleted) {
@@ -171,28 +156,25 @@ TEST(Profiles, SavedUnderAName_AskedBeforeReplacing_ListedAndDeleted) {
         std::vector<std::string> said;
     } cases[] = {
         {"", true, false, {}},
-        {"Home/Away", true, false, {"Refuse|Profile not saved"}},
+        {"Home/Away", true, false, {"Refuse|Profile not saved|A profile's name is the name of its file"}},
         {"Cup nights", true, true, {"Inform|Kestrin|Successfully saved profile."}},
         {"cup NIGHTS", false, false, {"Ask|Question|There is already a profile called cup NIGHTS."}},
         {"cup NIGHTS", true, true, {"Ask|Question", "Inform|Kestrin"}},
     };
     Game g;
-    std::string file;
+    std::map<std::string, std::string> files;
     for (int16_t i = 0; i < int16_t(std::size(cases)); ++i) {
         const Case& c = cases[i];
-        SCOPED_TRACE(i);
         g.messages = {};
         g.messages.answers = {c.replaceAnswer};
         Fixture f = ordered();
-        f.DefAgg = i;
-        EXPECT_EQ(addProfile(g.session, f, c.name, g.messages), c.written);
-        if (c.written) file = profileText(f);
+        f.DefAgg = i;  // each save its own bytes
+        EXPECT_EQ(addProfile(g.session, f, c.name, g.messages), c.written) << i;
+        if (c.written) files["Cup nights.txt"] = profileText(f);
         const std::vector<std::string> said = shown(g.messages);
-        ASSERT_EQ(said.size(), c.said.size());
+        ASSERT_EQ(said.size(), c.said.size()) << i;
         for (size_t k = 0; k < said.size(); ++k) EXPECT_EQ(said[k].rfind(c.said[k], 0), 0u) << said[k];
-        EXPECT_EQ(kestrin::test::filesBelow(g.dir.path() / "Profiles"),
-                  (file.empty() ? std::map<std::string, std::string>{}
-                                : std::map<std::string, std::string>{{"Cup nights.txt", file}}));
+        EXPECT_EQ(kestrin::test::filesBelow(g.dir.path() / "Profiles"), files) << i;
     }
     g.dir.write("Profiles/alpha.TXT", "");
     EXPECT_EQ(profileNames(g.session.Folder), (std::vector<std::string>{"alpha", "Cup nights"}));
@@ -204,26 +186,18 @@ TEST(Profiles, SavedUnderAName_AskedBeforeReplacing_ListedAndDeleted) {
 
 TEST(Profiles, SavedWithTheTurnsheetsOnlyWhenThePreferenceAsks) {
     for (int16_t pref : {0, 1}) {
-        SCOPED_TRACE(pref);
         Game g;
         Club club;
         club.Name = "Ashford Athletic", club.ClubFile = "ashford";
-        Fixture noKeeper = other(), noMatch;
-        noKeeper.Slots[0].Player = " ";
-        noMatch.Slots[0].Player = "Alan Keeper";
-        club.Fixtures = {ordered(), noKeeper, noMatch};
-        club.FixtureCount = 3;
+        Fixture noKeeper = other(), noMatch;  // a blank keeper; no competition
+        noKeeper.Slots[0].Player = " ", noMatch.Slots[0].Player = "Alan Keeper";
+        club.Fixtures = {ordered(), noKeeper, noMatch}, club.FixtureCount = 3;
         g.session.Clubs = {club};
         g.session.Prefs.SaveProf = pref;
         saveTurnsheets(g.session, g.messages);
-        const auto files = kestrin::test::filesBelow(g.dir.path() / "Profiles");
-        if (pref == 0) {
-            ASSERT_EQ(files.size(), 1u);
-            EXPECT_EQ(files.begin()->first, "Ashford Athletic League Harbour Town Home.txt");
-            EXPECT_EQ(files.begin()->second, profileText(ordered()));
-        } else {
-            EXPECT_TRUE(files.empty());
-        }
-        EXPECT_TRUE(g.dir.read("Turnsheet/ashford.txt").size() > 0);
+        std::map<std::string, std::string> want;
+        if (pref == 0) want["Ashford Athletic League Harbour Town Home.txt"] = profileText(ordered());
+        EXPECT_EQ(kestrin::test::filesBelow(g.dir.path() / "Profiles"), want);
+        EXPECT_FALSE(g.dir.read("Turnsheet/ashford.txt").empty());
     }
 }
