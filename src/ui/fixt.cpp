@@ -4,11 +4,13 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QInputDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "match/profiles.h"
 #include "ui/look.h"
 #include "ui/qtext.h"
 #include "ui/sessioncontroller.h"
@@ -166,6 +168,7 @@ FixtScreen::FixtScreen(SessionController& controller, QWidget* parent)
 
     auto* header = headerRow("Fixtures");
     header->addStretch(1);
+    header->addWidget(buildProfiles());
     root->addLayout(header);
 
     auto* top = new QHBoxLayout;
@@ -204,8 +207,75 @@ FixtScreen::FixtScreen(SessionController& controller, QWidget* parent)
     footer->addWidget(back);
     root->addLayout(footer);
 
-    needClub_ = {pitch, save, send};
+    needClub_.insert(needClub_.end(), {pitch, save, send});
     enableForClubs(false);
+}
+
+QWidget* FixtScreen::buildProfiles() {
+    auto* g = new QGroupBox("Profiles", this);
+    auto* row = new QHBoxLayout(g);
+    row->setSpacing(8);
+    cboProfiles_ = new QComboBox(g);
+    cboProfiles_->setObjectName("cboProfiles");
+    cboProfiles_->setMinimumWidth(280);
+    cboProfiles_->setPlaceholderText("Choose a profile to load");
+    cboProfiles_->setToolTip("The orders and team of a saved profile, put on the match on show");
+    // Only the manager's own choice loads: refilling the list never does.
+    connect(cboProfiles_, &QComboBox::activated, this, [this](int i) { profileChosen(i); });
+    auto* add = makeButton("cmdAddProfile", "Save Profile...", g);
+    add->setToolTip("Keep the orders and team of the match on show under a name");
+    auto* del = makeButton("cmdDelProfiles", "Delete Profile", g);
+    connect(add, &QPushButton::clicked, this, [this] { addProfileClicked(); });
+    connect(del, &QPushButton::clicked, this, [this] { deleteProfileClicked(); });
+    row->addWidget(cboProfiles_);
+    row->addWidget(add);
+    row->addWidget(del);
+    needClub_.insert(needClub_.end(), {cboProfiles_, add, del});
+    return g;
+}
+
+void FixtScreen::rebuildOrderLists() {
+    FixtureScreen::rebuildOrderLists();
+    refreshProfiles();
+}
+
+void FixtScreen::refreshProfiles() {
+    const QSignalBlocker block(cboProfiles_);
+    const QString shown = cboProfiles_->currentText();
+    cboProfiles_->clear();
+    for (const std::string& name : profileNames(controller_.session().Folder)) cboProfiles_->addItem(qs(name));
+    cboProfiles_->setCurrentIndex(cboProfiles_->findText(shown));
+}
+
+void FixtScreen::addProfileClicked() {
+    const Fixture* f = currentFixture();
+    if (!f) return;
+    const QString name = namePrompt_ ? namePrompt_() : QInputDialog::getText(this, qs(kProfileNameTitle),
+                                                                             qs(kProfileNamePrompt));
+    if (!addProfile(controller_.session(), *f, gameText(name), controller_.messages())) return;
+    refreshProfiles();
+    const QSignalBlocker block(cboProfiles_);
+    cboProfiles_->setCurrentIndex(cboProfiles_->findText(name, Qt::MatchFixedString));
+}
+
+void FixtScreen::profileChosen(int index) {
+    Fixture* f = currentFixture();
+    if (filling() || !f || index < 0) return;
+    Session& session = controller_.session();
+    switch (loadProfile(session, *f, gameText(cboProfiles_->itemText(index)), controller_.messages())) {
+        case ProfileLoad::Loaded: chooseFixture(controller_, controller_.view().CurrentFixture); break;
+        // The whole club is shown again, as for any club chosen.
+        case ProfileLoad::OldProfile: controller_.selectClub(session.CurrentClub); break;
+        case ProfileLoad::Declined:
+        case ProfileLoad::Refused: break;
+    }
+}
+
+void FixtScreen::deleteProfileClicked() {
+    const int i = cboProfiles_->currentIndex();
+    if (i < 0) return;
+    if (deleteProfile(controller_.session().Folder, gameText(cboProfiles_->itemText(i)), controller_.messages()))
+        refreshProfiles();
 }
 
 QWidget* FixtScreen::makeControl(C c, QWidget* parent) {

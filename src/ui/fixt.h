@@ -5,8 +5,10 @@
 //
 // Fixt and PitchGrid both show the current fixture and both hold a
 // lstFixtures; FixtureScreen is what they share.
+#include <QComboBox>
 #include <QListWidget>
 #include <array>
+#include <functional>
 #include <vector>
 
 #include "match/fixtureorders.h"
@@ -60,6 +62,14 @@ public:
     explicit FixtScreen(SessionController& controller, QWidget* parent = nullptr);
 
     void showFixture() override;
+    // The fixtures, then the saved profiles.
+    void rebuildOrderLists() override;
+    // RefreshProfiles: cboProfiles lists the profiles of the game folder.
+    void refreshProfiles();
+    // Asks the manager for a profile's name; empty when he cancels. Tests
+    // answer in his place.
+    using NamePrompt = std::function<QString()>;
+    void setNamePrompt(NamePrompt prompt) { namePrompt_ = std::move(prompt); }
     // The widget of a control: a QComboBox for "cbo…", a QListWidget for "lst…".
     QWidget* control(FixtureControl c) const { return controls_[size_t(c)]; }
 
@@ -74,8 +84,14 @@ private:
     QWidget* buildChanges();
     void picked(FixtureControl c, int entry);
     void showControls(const FixtureView& view);
+    QWidget* buildProfiles();
+    void addProfileClicked();
+    void profileChosen(int index);
+    void deleteProfileClicked();
 
     std::array<QWidget*, kFixtureControlCount> controls_{};
+    QComboBox* cboProfiles_ = nullptr;
+    NamePrompt namePrompt_;
     std::vector<QWidget*> needClub_;
 };
 
