@@ -14,10 +14,8 @@
 
 #include "core/messages.h"
 #include "match/profiles.h"
-#include "match/profiles.h"
 #include "ui/admin.h"
 #include "ui/faceview.h"
-#include "ui/fixt.h"
 #include "ui/fixt.h"
 #include "ui/lastweek.h"
 #include "ui/honours.h"
@@ -99,30 +97,6 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
         window.showScreen("LastWk");
         save(window, "LastWk.png");
         controller.selectClub(0);
-    }
-    // The fixture screen with profiles saved for the first club's matches and
-    // one of them chosen in the list; the profiles made for the picture go again.
-    if (auto* fixt = qobject_cast<FixtScreen*>(window.screen("Fixt")); fixt && controller.hasClubs()) {
-        controller.selectClub(0);
-        const Session& s = controller.session();
-        std::vector<std::filesystem::path> made;
-        if (profileNames(s.Folder).empty()) {
-            for (const Fixture& f : s.Clubs[0].Fixtures) {
-                const std::string name = automaticProfileName(s.Clubs[0], f);
-                try {
-                    saveProfile(s.Folder, name, f);
-                    made.push_back(profilePath(s.Folder, name));
-                } catch (const WriteError&) {
-                }
-            }
-        }
-        window.showScreen("Fixt");
-        fixt->refreshProfiles();
-        if (auto* box = fixt->findChild<QComboBox*>("cboProfiles"); box && box->count() > 0) box->setCurrentIndex(0);
-        save(window, "Profile.png");
-        for (const std::filesystem::path& p : made) std::filesystem::remove(p, ec);
-        fixt->refreshProfiles();
-        window.showScreen("MainMenu");
     }
     // The fixture screen with profiles saved for the first club's matches and
     // one of them chosen in the list; the profiles made for the picture go again.
