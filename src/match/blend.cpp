@@ -153,7 +153,7 @@ Blend BlendReader::blendOf(const std::string& club, const BlendLineUp& up) {
 
 std::optional<Blend> blendAnalysis(const Settings& settings, const std::string& club, const BlendLineUp& lineUp,
                                    Messages& messages, const std::string& title) {
-    std::optional<stats::ReadableStats> opened = stats::openStatsForReading(settings, messages, title);
+    std::optional<stats::ReadableStats> opened = stats::openStatsForReading(settings, messages, title, stats::MissingSign::None);
     if (!opened) return std::nullopt;
     if (opened->state == stats::SchemaState::Empty) return Blend{};  // nothing refreshed into it yet
     try {

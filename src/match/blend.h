@@ -46,7 +46,7 @@ private:
 
 // The pitch grid's Blend: the database of settings.StatsFile, opened for this
 // look-up. Nothing, after a message, when there is no usable database; a
-// missing file is told under `title`.
+// missing file is told as a plain message under `title`.
 std::optional<Blend> blendAnalysis(const Settings& settings, const std::string& club, const BlendLineUp& lineUp,
                                    Messages& messages, const std::string& title);
 

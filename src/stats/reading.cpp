@@ -5,10 +5,11 @@
 namespace kestrin::stats {
 
 std::optional<ReadableStats> openStatsForReading(const Settings& settings, Messages& messages,
-                                                 const std::string& missingTitle) {
+                                                 const std::string& missingTitle, MissingSign sign) {
     std::error_code ec;
     if (settings.StatsFile.empty() || !std::filesystem::is_regular_file(settings.StatsFile, ec)) {
-        messages.refuse(missingTitle, kNeedDatabaseText);
+        if (sign == MissingSign::Stop) messages.refuse(missingTitle, kNeedDatabaseText);
+        else messages.inform(missingTitle, kNeedDatabaseText);
         return std::nullopt;
     }
     try {

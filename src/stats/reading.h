@@ -22,9 +22,13 @@ struct ReadableStats {
     SchemaState state;  // Ours, or Empty for a file with no table yet
 };
 
-// settings.StatsFile opened read-only. Nothing, after a refusal, when the file
+// How a missing file is told: with a stop sign, or as a plain message.
+enum class MissingSign { Stop, None };
+
+// settings.StatsFile opened read-only. Nothing, after a message, when the file
 // isn't there (under `missingTitle`) or isn't a Stats database of ours.
 std::optional<ReadableStats> openStatsForReading(const Settings& settings, Messages& messages,
-                                                 const std::string& missingTitle);
+                                                 const std::string& missingTitle,
+                                                 MissingSign sign = MissingSign::Stop);
 
 }  // namespace kestrin::stats

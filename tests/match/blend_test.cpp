@@ -129,5 +129,5 @@ TEST(BlendAnalysis, NeedsTheStatsDatabase) {
     RecordingMessages messages;
     EXPECT_FALSE(blendAnalysis(settings, "KEST", BlendLineUp{}, messages, "Kestrin League").has_value());
     EXPECT_EQ(test::shown(messages),
-              std::vector<std::string>{std::string("Refuse|Kestrin League|") + stats::kNeedDatabaseText});
+              std::vector<std::string>{std::string("Inform|Kestrin League|") + stats::kNeedDatabaseText});
 }
