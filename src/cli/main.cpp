@@ -14,6 +14,7 @@
 #include "files/mail.h"
 #include "files/news.h"
 #include "files/turnsheet.h"
+#include "match/blend.h"
 #include "orders/admin.h"
 #include "orders/harvest.h"
 #include "orders/market.h"
@@ -36,6 +37,7 @@ constexpr const char* kUsage =
     "       kestrin-cli --game-dir DIR last-week CLUB\n"
     "       kestrin-cli --game-dir DIR refresh-stats\n"
     "       kestrin-cli --game-dir DIR honours CLUB\n"
+    "       kestrin-cli --game-dir DIR blend CLUB [FIXTURE]\n"
     "       kestrin-cli --game-dir DIR send-turnsheets [--dry-run]\n"
     "       kestrin-cli --game-dir DIR admin-text\n"
     "       kestrin-cli --game-dir DIR search [--name TEXT] [--pos ITEM] [--perf N] [--value ITEM] [--age ITEM]\n"
@@ -430,6 +432,31 @@ int runHonours(const std::string& dir, const std::string& club) {
     return 0;
 }
 
+// The pitch grid's Blend for the club's line-up of one fixture (from 1).
+int runBlend(const std::string& dir, const std::string& clubName, const std::string& fixture) {
+    const long number = std::stol(fixture);
+    CliMessages messages;
+    Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) return 1;
+    const std::string wanted = utf8ToCp1252(clubName);
+    for (const Club& c : s.Clubs) {
+        if (!equalsNoCase(trim(c.Name), trim(wanted)) && !equalsNoCase(c.ClubFile, wanted)) continue;
+        if (number < 1 || size_t(number) > c.Fixtures.size()) {
+            std::cerr << "kestrin-cli: " << clubName << " has " << c.Fixtures.size() << " fixtures, not " << fixture
+                      << "\n";
+            return 1;
+        }
+        const std::string title = s.Game.GameName.empty() ? std::string("Kestrin") : s.Game.GameName;
+        const std::optional<Blend> b =
+            blendAnalysis(s.Prefs, c.ClubFile, blendLineUp(c.Fixtures[size_t(number - 1)]), messages, title);
+        if (!b) return 1;
+        std::cout << json{{"TxtBlend", b->text()}}.dump(1) << "\n";
+        return 0;
+    }
+    std::cerr << "kestrin-cli: no club " << clubName << " in " << dir << "\n";
+    return 1;
+}
+
 // Sends as the program does, with the password from the environment; a dry
 // run only prints the messages, from the Turnsheets as they are on disk.
 // The Weekly Administration text of every club's order; a club whose order
@@ -574,6 +601,8 @@ int main(int argc, char** argv) {
             if (cmd == "load-turn" && args.size() == 5) return runLoadTurn(dir, args[3], args[4]);
             if (cmd == "refresh-stats" && args.size() == 3) return runRefreshStats(dir);
             if (cmd == "honours" && args.size() == 4) return runHonours(dir, args[3]);
+            if (cmd == "blend" && (args.size() == 4 || args.size() == 5))
+                return runBlend(dir, args[3], args.size() == 5 ? args[4] : "1");
             if (cmd == "admin-text" && args.size() == 3) return runAdminText(dir);
             if (cmd == "search") return runSearch(dir, std::vector<std::string>(args.begin() + 3, args.end()));
             if (cmd == "send-turnsheets" && (args.size() == 3 || (args.size() == 4 && args[3] == "--dry-run")))
