@@ -212,26 +212,30 @@ FixtScreen::FixtScreen(SessionController& controller, QWidget* parent)
 }
 
 QWidget* FixtScreen::buildProfiles() {
-    auto* g = new QGroupBox("Profiles", this);
-    auto* row = new QHBoxLayout(g);
+    // One row in the header, so the orders below keep their room.
+    auto* w = new QWidget(this);
+    auto* row = new QHBoxLayout(w);
+    row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(8);
-    cboProfiles_ = new QComboBox(g);
+    cboProfiles_ = new QComboBox(w);
     cboProfiles_->setObjectName("cboProfiles");
-    cboProfiles_->setMinimumWidth(280);
+    // A match's own profile is named by club, competition and opponent.
+    cboProfiles_->setMinimumWidth(440);
     cboProfiles_->setPlaceholderText("Choose a profile to load");
-    cboProfiles_->setToolTip("The orders and team of a saved profile, put on the match on show");
+    cboProfiles_->setToolTip("Put the orders and team of a saved profile on the match on show");
     // Only the manager's own choice loads: refilling the list never does.
     connect(cboProfiles_, &QComboBox::activated, this, [this](int i) { profileChosen(i); });
-    auto* add = makeButton("cmdAddProfile", "Save Profile...", g);
+    auto* add = makeButton("cmdAddProfile", "Save Profile...", w);
     add->setToolTip("Keep the orders and team of the match on show under a name");
-    auto* del = makeButton("cmdDelProfiles", "Delete Profile", g);
+    auto* del = makeButton("cmdDelProfiles", "Delete Profile", w);
     connect(add, &QPushButton::clicked, this, [this] { addProfileClicked(); });
     connect(del, &QPushButton::clicked, this, [this] { deleteProfileClicked(); });
+    row->addWidget(new QLabel("Profile", w));
     row->addWidget(cboProfiles_);
     row->addWidget(add);
     row->addWidget(del);
     needClub_.insert(needClub_.end(), {cboProfiles_, add, del});
-    return g;
+    return w;
 }
 
 void FixtScreen::rebuildOrderLists() {
