@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/errors.h"
 #include "core/gamefolder.h"
 #include "core/messages.h"
 #include "core/records.h"
