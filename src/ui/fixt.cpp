@@ -196,8 +196,15 @@ FixtScreen::FixtScreen(SessionController& controller, QWidget* parent)
     auto* send = makeButton("Command3", "Send Turnsheet", this);
     auto* back = makeButton("btnReturn", "Main Menu", this);
     connect(pitch, &QPushButton::clicked, this, [this] { emit navigate("PitchGrid"); });
-    connect(save, &QPushButton::clicked, this, [this] { controller_.saveTurnsheet(); });
-    connect(send, &QPushButton::clicked, this, [this] { controller_.sendTurnsheet(); });
+    // Saving may have saved each match's own profile too.
+    connect(save, &QPushButton::clicked, this, [this] {
+        controller_.saveTurnsheet();
+        refreshProfiles();
+    });
+    connect(send, &QPushButton::clicked, this, [this] {
+        controller_.sendTurnsheet();
+        refreshProfiles();
+    });
     connect(back, &QPushButton::clicked, this, [this] { emit navigate("MainMenu"); });
     footer->addWidget(pitch);
     footer->addStretch(1);
@@ -241,6 +248,11 @@ QWidget* FixtScreen::buildProfiles() {
 void FixtScreen::rebuildOrderLists() {
     FixtureScreen::rebuildOrderLists();
     refreshProfiles();
+}
+
+void FixtScreen::showEvent(QShowEvent* event) {
+    FixtureScreen::showEvent(event);
+    refreshProfiles();  // the Turnsheets may have been saved on another screen
 }
 
 void FixtScreen::refreshProfiles() {

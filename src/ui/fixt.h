@@ -75,6 +75,7 @@ public:
 
 protected:
     void enableForClubs(bool hasClubs) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     QWidget* makeControl(FixtureControl c, QWidget* parent);
