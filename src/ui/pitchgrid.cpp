@@ -13,8 +13,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <cmath>
-#include <filesystem>
 
+#include "match/blend.h"
 #include "match/ordertables.h"
 #include "match/pictures/shirts.h"
 #include "ui/look.h"
@@ -763,18 +763,22 @@ void PitchGridScreen::showInfo(const std::string& name) {
 
 void PitchGridScreen::blendClicked() {
     const Session& s = controller_.session();
+    const Club* club = currentClub();
+    const Fixture* f = currentFixture();
+    if (!club || !f) return;
     const std::string title = s.Game.GameName.empty() ? std::string("Kestrin") : s.Game.GameName;
-    std::error_code ec;
-    if (s.Prefs.StatsFile.empty() || !std::filesystem::exists(s.Prefs.StatsFile, ec)) {
-        controller_.messages().inform(title,
-                                      "You need the Stats database to be able to use this option.\r\n\r\n"
-                                      "If you have the database, but this option still isn't working, then make "
-                                      "sure you have set the location correctly in the preferences screen");
-        return;
+    const QString before = txtBlend_->text();
+    txtBlend_->setText("Reading Stats");
+    txtBlend_->repaint();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    RecordingMessages told;  // shown once the wait cursor is gone
+    const std::optional<Blend> b = blendAnalysis(s.Prefs, club->ClubFile, blendLineUp(*f), told, title);
+    QApplication::restoreOverrideCursor();
+    txtBlend_->setText(b ? qs(b->text()) : before);
+    for (const RecordingMessages::Entry& e : told.entries) {
+        if (e.kind == RecordingMessages::Kind::Inform) controller_.messages().inform(e.title, e.text);
+        else controller_.messages().refuse(e.title, e.text);
     }
-    controller_.messages().inform(title,
-                                  "The blend of a line is looked up in the Stats database, and this version "
-                                  "cannot read the Stats database yet.\r\n\r\nThe blend will show here once it can.");
 }
 
 }  // namespace kestrin::ui

@@ -11,12 +11,15 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QtTest>
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
 #include <map>
 #include <memory>
 
 #include "core/gamefolder.h"
 #include "core/text.h"
 #include "match/pictures/kitcolours.h"
+#include "stats/lookups.h"
 #include "match/pitchlists.h"
 #include "ui/pitchgrid.h"
 #include "ui/qtext.h"
@@ -448,6 +451,34 @@ void PitchGridTest::blendButtons() {
              QString("You need the Stats database to be able to use this option.\r\n\r\nIf you have the database, but "
                      "this option still isn't working, then make sure you have set the location correctly in the "
                      "preferences screen"));
+
+    // Once the week is in the database, the line-up the club started its
+    // match with gets that match's start blends.
+    QSignalSpy done(g.controller.get(), &ui::SessionController::statsRefreshed);
+    QVERIFY(g.controller->refreshStats(false));
+    QTRY_COMPARE_WITH_TIMEOUT(done.count(), 1, 20000);
+    g.messages.entries.clear();
+    const std::string club = g.session().Clubs[0].ClubFile;
+    {
+        SQLite::Database db(g.session().Prefs.StatsFile);
+        SQLite::Statement team(db, "SELECT MatchCode, StartFormation, StartDefBlend || ' - ' || StartMidBlend || "
+                                   "' - ' || StartAttBlend FROM MatchTeam WHERE Club = ? ORDER BY MatchCode DESC");
+        team.bind(1, club);
+        QVERIFY(team.executeStep());
+        const std::string sizes = stats::formationText(team.getColumn(1).getInt());
+        firstFixture(g).Defence = int16_t(val(sizes.substr(0, 1)));
+        firstFixture(g).Midfield = int16_t(val(sizes.substr(4, 1)));
+        firstFixture(g).Attack = int16_t(val(sizes.substr(8, 1)));
+        SQLite::Statement players(db, "SELECT PlayerName FROM MatchPlayer WHERE MatchCode = ? AND Club = ? "
+                                      "ORDER BY Number LIMIT 11");
+        players.bind(1, team.getColumn(0).getInt64());
+        players.bind(2, club);
+        for (size_t shirt = 0; players.executeStep(); ++shirt)
+            firstFixture(g).Slots[shirt].Player = players.getColumn(0).getString();
+        g.button("PitchGrid", "btnBlend")->click();
+        QCOMPARE(s->blendBox()->text(), q(team.getColumn(2).getString()));
+    }
+    QVERIFY(g.messages.entries.empty());
 
     // A new formation on Fixt leaves the blend to be worked out again.
     QComboBox* formation = g.on<QComboBox>("Fixt", "cboFormation");
