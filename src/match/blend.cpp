@@ -32,10 +32,12 @@ int firstShirt(const Sizes& s, int line) {
 }
 
 // Every name of the line-up's line stands among the match's shirts of the
-// same line, in any order. An empty shirt never matches.
+// same line, in any order. An empty shirt never matches, nor a line with
+// no shirt on the pitch.
 bool lineMet(const BlendLineUp& up, const Sizes& want, int line, const Sizes& sizes, const Names& names) {
     const int from = firstShirt(want, line), matchFrom = firstShirt(sizes, line);
     const int count = want[size_t(line)];
+    if (count <= 0 || from < 2 || from > kLastOnPitch) return false;
     for (int shirt = from; shirt < from + count && shirt <= kLastOnPitch; ++shirt) {
         const std::string name = trim(std::string_view(up.Shirts[size_t(shirt - 1)]).substr(0, kReportNameLength));
         if (name.empty()) return false;
