@@ -1,5 +1,5 @@
 // Start-up on the large demo league: 30 Squadsheets and a club export of
-// 2,000 clubs. The whole session load should stay under 50 ms.
+// 2,000 clubs. The whole session load should stay under 10 ms.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -50,11 +50,16 @@ void BM_LoadSession(benchmark::State& state) {
 }
 BENCHMARK(BM_LoadSession)->Unit(benchmark::kMillisecond);
 
+// The reader keeps the bytes it is given, so each round reads the file again.
 void BM_ClubExportReader(benchmark::State& state) {
     const fs::path path = GameFolder(league().folder()).resolve("Weekly/clubsqua.txt");
-    const std::vector<std::string> lines = readLines(path);
-    for (auto _ : state) benchmark::DoNotOptimize(readClubExport(lines, "Weekly/clubsqua.txt"));
-    state.counters["lines"] = double(lines.size());
+    size_t clubs = 0;
+    for (auto _ : state) {
+        const ClubExport e = readClubExport(readFileBytes(path), "Weekly/clubsqua.txt");
+        clubs = e.size();
+        benchmark::DoNotOptimize(e);
+    }
+    state.counters["clubs"] = double(clubs);
 }
 BENCHMARK(BM_ClubExportReader)->Unit(benchmark::kMillisecond);
 
@@ -89,10 +94,10 @@ void BM_HarvestSameWeek(benchmark::State& state) {
 }
 BENCHMARK(BM_HarvestSameWeek)->Unit(benchmark::kMillisecond);
 
-void BM_ReadLinesOfClubExport(benchmark::State& state) {
+void BM_ReadBytesOfClubExport(benchmark::State& state) {
     const fs::path path = GameFolder(league().folder()).resolve("Weekly/clubsqua.txt");
-    for (auto _ : state) benchmark::DoNotOptimize(readLines(path));
+    for (auto _ : state) benchmark::DoNotOptimize(readFileBytes(path));
 }
-BENCHMARK(BM_ReadLinesOfClubExport)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ReadBytesOfClubExport)->Unit(benchmark::kMillisecond);
 
 }  // namespace

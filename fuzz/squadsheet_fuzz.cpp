@@ -1,4 +1,4 @@
-// Arbitrary bytes, split into lines, as a Squadsheet and as a club export.
+// Arbitrary bytes, split into lines, as a Squadsheet.
 // A reader may refuse them with GameFileError and must do nothing worse:
 // no crash, no other exception, no read out of bounds.
 #include <cstddef>
@@ -9,7 +9,6 @@
 
 #include "core/errors.h"
 #include "core/gamefolder.h"
-#include "files/clubexport.h"
 #include "files/squadsheet.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -18,10 +17,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     try {
         std::string stamp;
         kestrin::readSquadsheet(lines, "Squadsheets/FUZZsquad.txt", "FUZZ", stamp);
-    } catch (const kestrin::GameFileError&) {
-    }
-    try {
-        kestrin::readClubExport(lines, "Weekly/clubsqua.txt");
     } catch (const kestrin::GameFileError&) {
     }
     return 0;

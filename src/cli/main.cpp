@@ -54,7 +54,7 @@ int usage(const std::string& why = {}) {
 }
 
 // Game text is Windows-1252; JSON is UTF-8.
-std::string u(const std::string& s) { return cp1252ToUtf8(s); }
+std::string u(std::string_view s) { return cp1252ToUtf8(s); }
 
 template <typename T, size_t N>
 json arr(const std::array<T, N>& a) {

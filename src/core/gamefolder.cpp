@@ -144,16 +144,8 @@ std::string readFileBytes(const fs::path& path) {
 
 std::vector<std::string> splitLines(std::string_view bytes) {
     std::vector<std::string> lines;
-    size_t i = 0;
-    while (i < bytes.size()) {
-        size_t nl = bytes.find('\n', i);
-        size_t end = (nl == std::string::npos) ? bytes.size() : nl;
-        size_t stop = end;
-        if (stop > i && bytes[stop - 1] == '\r') --stop;
-        lines.emplace_back(bytes.substr(i, stop - i));
-        if (nl == std::string::npos) break;
-        i = nl + 1;
-    }
+    LineWalker walker(bytes);
+    for (std::string_view line; walker.next(line);) lines.emplace_back(line);
     return lines;
 }
 

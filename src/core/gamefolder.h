@@ -44,6 +44,26 @@ private:
 std::vector<std::string> readLines(const fs::path& path);
 // The same from bytes already in memory.
 std::vector<std::string> splitLines(std::string_view bytes);
+
+// The same lines as views into bytes that a reader keeps, one at a time.
+class LineWalker {
+public:
+    explicit LineWalker(std::string_view bytes) : bytes_(bytes) {}
+    // False at the end. Nothing after the last LF is no line.
+    bool next(std::string_view& line) {
+        if (at_ >= bytes_.size()) return false;
+        const size_t nl = bytes_.find('\n', at_);
+        const size_t end = nl == std::string_view::npos ? bytes_.size() : nl;
+        const size_t stop = end > at_ && bytes_[end - 1] == '\r' ? end - 1 : end;
+        line = bytes_.substr(at_, stop - at_);
+        at_ = end + 1;
+        return true;
+    }
+
+private:
+    std::string_view bytes_;
+    size_t at_ = 0;
+};
 std::string readFileBytes(const fs::path& path);  // throws GameFileError
 
 // Each line followed by CR LF.

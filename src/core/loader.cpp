@@ -146,7 +146,7 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
     say("Loading Club Squad Details");
     const fs::path exportPath = s.Folder.resolve("Weekly/clubsqua.txt");
     try {
-        s.ExportClubs = readClubExport(readLines(exportPath), displayName(s.Folder, exportPath));
+        s.ExportClubs = readClubExport(readFileBytes(exportPath), displayName(s.Folder, exportPath));
     } catch (const GameFileError& e) {
         report(s, messages, "Club export could not be read",
                unreadableFileText("club export", e,

@@ -44,10 +44,10 @@ std::array<std::string, kWatchOptionCount> watchCaptions(const GameIni& game) {
     return captions;
 }
 
-std::vector<std::string> alertClubLines(const std::vector<ExportClub>& clubs) {
+std::vector<std::string> alertClubLines(std::span<const ExportClub> clubs) {
     std::vector<std::string> lines{std::string(kNoClubSelected)};
     lines.reserve(clubs.size() + 1);
-    for (const ExportClub& c : clubs) lines.push_back(c.Name);
+    for (const ExportClub& c : clubs) lines.emplace_back(c.Name);
     return lines;
 }
 

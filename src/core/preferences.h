@@ -5,6 +5,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -82,7 +83,7 @@ inline constexpr std::string_view kAlertCaption = "Vidiprinter alert on teams ot
 
 // The lines of each VidiAlert list: "No Club Selected", then every club of
 // the club export in its order.
-std::vector<std::string> alertClubLines(const std::vector<ExportClub>& clubs);
+std::vector<std::string> alertClubLines(std::span<const ExportClub> clubs);
 // The line that shows `stored`. A club that is no longer in the export is
 // added at the end, so the list shows what kestrin.ini holds.
 int alertClubIndex(std::vector<std::string>& lines, const std::string& stored);

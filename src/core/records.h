@@ -7,6 +7,8 @@
 // movement slot 1, and so on. Only Clubs is 0-based in the game's own terms.
 #include <array>
 #include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -203,29 +205,61 @@ struct Club {
     bool operator==(const Club&) const = default;
 };
 
+// One player line of the club export. Its texts are views into the
+// ClubExport that holds it and are valid as long as some copy of it lives.
 struct ExportPlayer {
-    std::string Name;
-    std::string Age;
-    std::string Position;
-    std::string TotalSkill;
-    std::string Sign;
-    std::string Played;
-    std::string Perf;
-    std::string Goals;
+    std::string_view Name;
+    std::string_view Age;
+    std::string_view Position;
+    std::string_view TotalSkill;
+    std::string_view Sign;
+    std::string_view Played;
+    std::string_view Perf;
+    std::string_view Goals;
     int32_t MinValue = 0;
-    std::string MaxValue;
+    std::string_view MaxValue;
     std::array<int32_t, 7> Portrait{};
-    std::string Colours;
+    std::string_view Colours;
     int16_t Loan = 0;
-    std::string LoanClub;
-    std::string Managed;  // "Y" or "N"
+    std::string_view LoanClub;
+    std::string_view Managed;  // "Y" or "N"
     bool operator==(const ExportPlayer&) const = default;
 };
 
 struct ExportClub {
-    std::string Name;
-    std::vector<ExportPlayer> Players;
-    bool operator==(const ExportClub&) const = default;
+    std::string_view Name;
+    std::span<const ExportPlayer> Players;
+};
+
+// The club export as read: the file's bytes, the few texts the reader had to
+// join itself, and every player in one array, club after club, so a search
+// walks one block of memory. Immutable once read; copies share it, so a copy
+// of the session costs nothing and keeps every view valid.
+class ClubExport {
+public:
+    struct Storage {
+        std::string text;  // the file's bytes
+        std::vector<std::unique_ptr<char[]>> joined;
+        std::vector<ExportPlayer> players;
+        std::vector<ExportClub> clubs;
+    };
+
+    ClubExport() = default;
+    explicit ClubExport(std::shared_ptr<const Storage> storage) : storage_(std::move(storage)) {}
+
+    std::span<const ExportClub> clubs() const {
+        return storage_ ? std::span<const ExportClub>(storage_->clubs) : std::span<const ExportClub>();
+    }
+    operator std::span<const ExportClub>() const { return clubs(); }
+    size_t size() const { return clubs().size(); }
+    bool empty() const { return clubs().empty(); }
+    const ExportClub& operator[](size_t i) const { return clubs()[i]; }
+    const ExportClub& back() const { return clubs().back(); }
+    auto begin() const { return clubs().begin(); }
+    auto end() const { return clubs().end(); }
+
+private:
+    std::shared_ptr<const Storage> storage_;
 };
 
 // One message of last week's report, as the harvest addressed it.

@@ -20,7 +20,7 @@ struct Session {
 
     std::vector<Club> Clubs;  // zero-based
     int CurrentClub = 0;
-    std::vector<ExportClub> ExportClubs;
+    ClubExport ExportClubs;
 
     std::string TurnStamp;
     std::string TodayText;

@@ -1,5 +1,7 @@
 #include "core/text.h"
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -14,6 +16,19 @@ inline char lowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 
 inline char upperAscii(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
 inline bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Up to `maxDigits` plain digits, the usual number field, read without the
+// decimal rules; false for anything else, which takes the long way.
+inline bool plainDigits(std::string_view s, size_t maxDigits, int32_t& out) {
+    if (s.empty() || s.size() > maxDigits) return false;
+    int32_t v = 0;
+    for (char c : s) {
+        if (!isDigit(c)) return false;
+        v = v * 10 + (c - '0');
+    }
+    out = v;
+    return true;
+}
 }  // namespace
 
 std::string_view trimView(std::string_view s) {
@@ -115,18 +130,70 @@ std::string columns(std::string_view line, size_t column1, size_t width) {
     return std::string(line.substr(column1 - 1, width));
 }
 
+namespace {
+
+// Bit k set where byte k of the 64 at `p` is `delimiter`; only `size` bytes
+// are read and the bits past them are set. The bytes are compared eight at a
+// time, since the readers split long lines of many short fields.
+uint64_t delimiterMask(const char* p, size_t size, char delimiter) {
+    char last[64] = {};
+    if (size < 64) p = static_cast<const char*>(std::memcpy(last, p, size));
+    constexpr uint64_t low7 = 0x7F7F7F7F7F7F7F7FULL;
+    const uint64_t pattern = 0x0101010101010101ULL * static_cast<unsigned char>(delimiter);
+    uint64_t mask = 0;
+    for (size_t w = 0; w < 8; ++w) {
+        uint64_t word;
+        std::memcpy(&word, p + w * 8, 8);
+        const uint64_t x = word ^ pattern;                        // a zero byte where the delimiter is
+        const uint64_t zero = ~(((x & low7) + low7) | x | low7);  // 0x80 in each zero byte, exactly
+        mask |= (((zero >> 7) * 0x0102040810204080ULL) >> 56) << (w * 8);  // one bit per byte
+    }
+    return size < 64 ? mask | ~uint64_t(0) << size : mask;
+}
+
+}  // namespace
+
 void splitTokens(std::string_view line, std::vector<std::string_view>& out, char delimiter) {
     out.clear();
-    size_t i = 0;
     const size_t n = line.size();
-    while (i < n) {
-        while (i < n && line[i] == delimiter) ++i;
-        if (i >= n) break;
-        size_t j = i;
-        while (j < n && line[j] != delimiter) ++j;
-        out.push_back(line.substr(i, j - i));
-        i = j;
+    if constexpr (std::endian::native != std::endian::little) {
+        size_t i = 0;
+        while (i < n) {
+            while (i < n && line[i] == delimiter) ++i;
+            if (i >= n) break;
+            size_t j = i;
+            while (j < n && line[j] != delimiter) ++j;
+            out.push_back(line.substr(i, j - i));
+            i = j;
+        }
+        return;
     }
+    // Tokens start where a delimiter is followed by another byte and end at
+    // the next delimiter; the line is taken 64 bytes at a time.
+    size_t start = 0;
+    bool open = false;
+    uint64_t before = 1;  // the line starts as if behind a delimiter
+    for (size_t base = 0; base < n; base += 64) {
+        const uint64_t delim = delimiterMask(line.data() + base, std::min<size_t>(64, n - base), delimiter);
+        const uint64_t behind = (delim << 1) | before;
+        uint64_t starts = ~delim & behind;
+        uint64_t ends = delim & ~behind;
+        before = delim >> 63;
+        for (;;) {
+            if (open) {
+                if (!ends) break;
+                out.push_back(line.substr(start, base + size_t(std::countr_zero(ends)) - start));
+                ends &= ends - 1;
+                open = false;
+            } else {
+                if (!starts) break;
+                start = base + size_t(std::countr_zero(starts));
+                starts &= starts - 1;
+                open = true;
+            }
+        }
+    }
+    if (open) out.push_back(line.substr(start));
 }
 
 Tokens::Tokens(std::string_view line, char delimiter) {
@@ -200,6 +267,7 @@ double parseDecimal(std::string_view field, bool nullIsZero) {
 }
 
 int16_t parseInt16(std::string_view field, bool nullIsZero) {
+    if (int32_t v; plainDigits(field, 4, v)) return static_cast<int16_t>(v);
     double d = parseDecimal(field, nullIsZero);
     // Rounding to 64 bits is only defined for numbers that fit, so the size
     // is told first.
@@ -211,6 +279,7 @@ int16_t parseInt16(std::string_view field, bool nullIsZero) {
 }
 
 int32_t parseInt32(std::string_view field, bool nullIsZero) {
+    if (int32_t v; plainDigits(field, 9, v)) return v;
     double d = parseDecimal(field, nullIsZero);
     if (std::fabs(d) > 1e12) throw FieldError("a number from -2147483648 to 2147483647", std::string(field));
     int64_t r = roundHalfEven(d);

@@ -236,23 +236,27 @@ Club League::expectedClub(const DemoClub& club) const {
     return c;
 }
 
-ExportPlayer League::expectedExportPlayer(const DemoClub& club, const DemoPlayer& d) const {
+ExportPlayer League::expectedExportPlayer(const DemoClub& club, const DemoPlayer& d,
+                                          std::deque<std::string>& texts) const {
     const Player& p = d.rec;
+    auto keep = [&](std::string s) -> std::string_view { return texts.emplace_back(std::move(s)); };
     ExportPlayer e;
     e.Name = p.Name;
-    e.Age = num(p.Age);
+    e.Age = keep(num(p.Age));
     e.Position = p.Position;
-    e.TotalSkill = num(p.TotalSkill);
-    e.Sign = num(p.Sign);
-    e.Played = num(d.played);
-    e.Perf = num(d.seasonPerf);
-    e.Goals = num(d.seasonGoals);
+    e.TotalSkill = keep(num(p.TotalSkill));
+    e.Sign = keep(num(p.Sign));
+    e.Played = keep(num(d.played));
+    e.Perf = keep(num(d.seasonPerf));
+    e.Goals = keep(num(d.seasonGoals));
     e.MinValue = d.nullMinValue ? 0 : p.Value * 8 / 10;
-    e.MaxValue = d.nullMaxValue ? "0" : num(p.Value * 13 / 10);
+    e.MaxValue = d.nullMaxValue ? "0" : keep(num(p.Value * 13 / 10));
     for (size_t i = 0; i < 7; ++i) e.Portrait[i] = p.Portrait[i + 1];
     // The tail rule puts a blank behind every word of the colours.
-    const Tokens colours(club.Colours);
-    for (const std::string& word : colours.all()) e.Colours += word + " ";
+    const Tokens words(club.Colours);
+    std::string colours;
+    for (const std::string& word : words.all()) colours += word + " ";
+    e.Colours = keep(std::move(colours));
     e.Loan = p.LoanLength;
     e.LoanClub = d.loanFrom;
     e.Managed = club.human() ? "Y" : "N";

@@ -5,6 +5,7 @@
 // with the records held here.
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -175,7 +176,8 @@ public:
 
     // What the readers should make of the current week's files.
     Club expectedClub(const DemoClub& club) const;
-    ExportPlayer expectedExportPlayer(const DemoClub& club, const DemoPlayer& p) const;
+    // The texts that the player's views show are kept in `texts`.
+    ExportPlayer expectedExportPlayer(const DemoClub& club, const DemoPlayer& p, std::deque<std::string>& texts) const;
 
 private:
     void makeClubs();

@@ -1,95 +1,162 @@
 #include "files/clubexport.h"
 
+#include <algorithm>
+#include <cstring>
 #include <iterator>
+#include <span>
 #include <string_view>
 
 #include "core/errors.h"
+#include "core/gamefolder.h"
 #include "core/text.h"
 
 namespace kestrin {
 
 namespace {
 
-bool isHeader(const std::string& line) { return startsWith(line, "EXPORT FOR"); }
+bool isHeader(std::string_view line) { return startsWith(line, "EXPORT FOR"); }
 
-// Fills the player in field order. The file has no tolerance rules: a field
-// that is missing or won't read leaves it and the remaining fields as they
-// are. `t` is room for the tokens, reused from line to line.
-void readPlayer(std::string_view line, ExportPlayer& p, std::vector<std::string_view>& t) {
-    size_t dash = line.find("- ");
-    if (dash == std::string_view::npos) {
-        p.Name = trim(line);
-        return;
-    }
-    p.Name = trim(line.substr(0, dash));
-    const std::string tail = trim(line.substr(dash + 2));
-    splitTokens(tail, t);
-    const size_t n = t.size();
+class Reader {
+public:
+    explicit Reader(ClubExport::Storage& st) : st_(st) {}
 
-    std::string* const shown[] = {&p.Age, &p.Position, &p.TotalSkill, &p.Sign, &p.Played, &p.Perf, &p.Goals};
-    for (size_t k = 0; k < std::size(shown); ++k) {
-        if (k >= n) return;
-        shown[k]->assign(t[k]);
-    }
-    try {
-        if (n < 8) return;
-        p.MinValue = parseInt32(t[7], true);
-        if (n < 9) return;
-        p.MaxValue = t[8] == "#NULL#" ? std::string_view("0") : t[8];
-        for (size_t k = 0; k < p.Portrait.size(); ++k) {
-            if (n < 10 + k) return;
-            p.Portrait[k] = parseInt32(t[9 + k]);
+    // Fills the player in field order. The file has no tolerance rules: a
+    // field that is missing or won't read leaves it and the remaining fields
+    // as they are.
+    void readPlayer(std::string_view line, ExportPlayer& p) {
+        const size_t dash = line.find("- ");
+        if (dash == std::string_view::npos) {
+            p.Name = trimView(line);
+            return;
         }
-        if (n < 17) return;
-        p.Loan = parseInt16(t[16]);
-    } catch (const FieldError&) {
-        return;
-    }
-    // The loaning club may be several words, so it runs up to the managed
-    // flag; the club's colours are every word behind the flag.
-    bool flagged = false;
-    for (size_t i = 17; i < n; ++i) {
-        const std::string_view word = t[i];
-        if (flagged) {
-            p.Colours += word;
-            p.Colours += ' ';
-        } else if (word == "Y" || word == "N") {
-            p.LoanClub = trim(p.LoanClub);
-            p.Managed = word;
-            flagged = true;
-        } else {
-            p.LoanClub += word;
-            p.LoanClub += ' ';
+        p.Name = trimView(line.substr(0, dash));
+        splitTokens(trimView(line.substr(dash + 2)), t_);
+        const size_t n = t_.size();
+
+        std::string_view* const shown[] = {&p.Age, &p.Position, &p.TotalSkill, &p.Sign, &p.Played, &p.Perf, &p.Goals};
+        for (size_t k = 0; k < std::size(shown); ++k) {
+            if (k >= n) return;
+            *shown[k] = t_[k];
         }
+        try {
+            if (n < 8) return;
+            p.MinValue = parseInt32(t_[7], true);
+            if (n < 9) return;
+            p.MaxValue = t_[8] == "#NULL#" ? std::string_view("0") : t_[8];
+            for (size_t k = 0; k < p.Portrait.size(); ++k) {
+                if (n < 10 + k) return;
+                p.Portrait[k] = parseInt32(t_[9 + k]);
+            }
+            if (n < 17) return;
+            p.Loan = parseInt16(t_[16]);
+        } catch (const FieldError&) {
+            return;
+        }
+        // The loaning club may be several words, so it runs up to the managed
+        // flag; the club's colours are every word behind the flag. Each word
+        // is taken with a blank behind it, and the club is trimmed once the
+        // flag is found.
+        const std::span<const std::string_view> tail = std::span(t_).subspan(17);
+        const auto flag = std::find_if(tail.begin(), tail.end(), [](std::string_view w) { return w == "Y" || w == "N"; });
+        if (flag == tail.end()) {
+            p.LoanClub = words(tail, true);
+            return;
+        }
+        p.LoanClub = trimView(words(std::span(tail.begin(), flag), false));
+        p.Managed = *flag;
+        p.Colours = words(std::span(flag + 1, tail.end()), true);
     }
-}
+
+private:
+    // The words joined by single blanks, with one behind the last when asked.
+    // Most lines already hold them so, and then the text is a view into the
+    // file's bytes; for a blank behind the last word of a line, the byte
+    // behind it is a trimmed blank or the line's end, which no view covers,
+    // and it is made a blank.
+    std::string_view words(std::span<const std::string_view> w, bool blankBehind) {
+        if (w.empty()) return {};
+        bool single = true;
+        for (size_t k = 1; k < w.size() && single; ++k)
+            single = w[k].data() == w[k - 1].data() + w[k - 1].size() + 1;
+        const size_t first = size_t(w.front().data() - st_.text.data());
+        const size_t end = size_t(w.back().data() - st_.text.data()) + w.back().size();
+        if (single && (!blankBehind || end < st_.text.size())) {
+            if (blankBehind) st_.text[end] = ' ';
+            return std::string_view(st_.text).substr(first, end - first + blankBehind);
+        }
+        size_t size = w.size() - 1 + blankBehind;
+        for (std::string_view word : w) size += word.size();
+        char* const out = room(size);
+        char* at = out;
+        for (size_t k = 0; k < w.size(); ++k) {
+            at = std::copy(w[k].begin(), w[k].end(), at);
+            if (k + 1 < w.size() || blankBehind) *at++ = ' ';
+        }
+        return std::string_view(out, size);
+    }
+
+    // Room for a joined text, in chunks that never move.
+    char* room(size_t size) {
+        if (size > left_) {
+            const size_t chunk = std::max<size_t>(size, 4096);
+            st_.joined.push_back(std::make_unique_for_overwrite<char[]>(chunk));
+            next_ = st_.joined.back().get();
+            left_ = chunk;
+        }
+        char* out = next_;
+        next_ += size;
+        left_ -= size;
+        return out;
+    }
+
+    ClubExport::Storage& st_;
+    std::vector<std::string_view> t_;  // the tokens of a line, room reused from line to line
+    char* next_ = nullptr;
+    size_t left_ = 0;
+};
 
 }  // namespace
 
-std::vector<ExportClub> readClubExport(const std::vector<std::string>& lines, const std::string&) {
-    std::vector<ExportClub> clubs;
-    std::vector<std::string_view> tokens;
+ClubExport readClubExport(std::string bytes, const std::string&) {
+    // The bytes are moved to their final place before any view is taken: a
+    // short string's bytes move with it.
+    auto st = std::make_shared<ClubExport::Storage>();
+    st->text = std::move(bytes);
+    Reader reader(*st);
+    // A player is a line: room for as many as there are lines.
+    size_t lineCount = 1;
+    const char* const end = st->text.data() + st->text.size();
+    for (const char* at = st->text.data(); (at = static_cast<const char*>(std::memchr(at, '\n', size_t(end - at))));
+         ++at)
+        ++lineCount;
+    st->players.reserve(lineCount);
+    std::vector<size_t> firstPlayer;
+    std::vector<std::string_view> names;
+
+    LineWalker lines(st->text);
+    std::string_view line;
     // The first line is a title; player lines before the first header
     // belong to no club of the game and are passed over.
-    size_t i = 1;
-    while (i < lines.size()) {
-        const std::string& line = lines[i++];
+    lines.next(line);
+    while (lines.next(line)) {
         if (isHeader(line)) {
-            ExportClub& club = clubs.emplace_back();
-            club.Name = fromColumn(line, 12);
-            size_t next = i + 1;
-            while (next < lines.size() && !isHeader(lines[next])) ++next;
-            club.Players.reserve(next - i);
+            names.push_back(line.size() > 11 ? line.substr(11) : std::string_view());
+            firstPlayer.push_back(st->players.size());
             // The line after a header is its column headings; the one after
             // that is the first player, whatever it holds.
-            ++i;
-            if (i >= lines.size()) break;
-            readPlayer(lines[i++], club.Players.emplace_back(), tokens);
-        } else if (!clubs.empty()) {
-            readPlayer(line, clubs.back().Players.emplace_back(), tokens);
+            if (!lines.next(line) || !lines.next(line)) break;
+            reader.readPlayer(line, st->players.emplace_back());
+        } else if (!names.empty()) {
+            reader.readPlayer(line, st->players.emplace_back());
         }
     }
-    return clubs;
+    // Every player is in place, so the clubs' spans can be taken.
+    st->clubs.reserve(names.size());
+    for (size_t c = 0; c < names.size(); ++c) {
+        const size_t end = c + 1 < names.size() ? firstPlayer[c + 1] : st->players.size();
+        st->clubs.push_back({names[c], std::span<const ExportPlayer>(st->players).subspan(firstPlayer[c], end - firstPlayer[c])});
+    }
+    return ClubExport(std::move(st));
 }
 
 }  // namespace kestrin

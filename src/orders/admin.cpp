@@ -547,7 +547,7 @@ AdminPlayerLists adminPlayerLists(const Club& club) {
 
 std::vector<std::string> exportPlayerLines(const ExportClub& club) {
     std::vector<std::string> out;
-    for (const ExportPlayer& p : club.Players) out.push_back("(" + p.Position + ") " + p.Name);
+    for (const ExportPlayer& p : club.Players) out.push_back(std::string("(").append(p.Position).append(") ").append(p.Name));
     return out;
 }
 

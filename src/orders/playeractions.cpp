@@ -149,7 +149,7 @@ PlayerActForm playerActForm(PlayerAction action, std::string_view playerName) {
 std::vector<std::string> actionClubNames(const Session& session) {
     std::vector<std::string> names;
     names.reserve(session.ExportClubs.size());
-    for (const ExportClub& c : session.ExportClubs) names.push_back(c.Name);
+    for (const ExportClub& c : session.ExportClubs) names.emplace_back(c.Name);
     return names;
 }
 

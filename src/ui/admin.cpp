@@ -488,7 +488,7 @@ void AdminScreen::showForm(const AdminForm& f) {
 void AdminScreen::sessionLoaded() {
     Screen::sessionLoaded();
     std::vector<std::string> clubs;
-    for (const ExportClub& c : controller_.session().ExportClubs) clubs.push_back(c.Name);
+    for (const ExportClub& c : controller_.session().ExportClubs) clubs.emplace_back(c.Name);
     for (AdminField f : {F::SCM_Team, F::TR_Team, F::LPO_Club}) fill(comboOf(f), clubs);
 }
 

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 #include "core/errors.h"
 #include "core/text.h"
 
@@ -43,6 +46,30 @@ TEST(Tokens, RunsOfBlanksCountAsOneAndCountingStartsAtOne) {
     Tokens c("a,,b", ',');
     EXPECT_EQ(c.count(), 2u);
     EXPECT_EQ(Tokens("").count(), 0u);
+}
+
+// The split looks at 64 bytes at a time: tokens and runs of blanks that cross
+// those borders, and lines that end on them, split as one byte at a time does.
+TEST(Tokens, LongLinesSplitAcrossEveryBorder) {
+    std::mt19937 rng(7);
+    std::vector<std::string_view> got;
+    for (int round = 0; round < 3000; ++round) {
+        const char delimiter = round % 3 == 0 ? ',' : ' ';
+        std::string line(size_t(rng() % 200), 'x');
+        for (char& ch : line) ch = " ,\tab"[rng() % (round % 2 ? 2 : 5)];
+        std::vector<std::string> want;
+        for (size_t i = 0; i < line.size();) {
+            if (line[i] == delimiter) {
+                ++i;
+                continue;
+            }
+            const size_t j = std::min(line.find(delimiter, i), line.size());
+            want.push_back(line.substr(i, j - i));
+            i = j;
+        }
+        splitTokens(line, got, delimiter);
+        ASSERT_EQ(std::vector<std::string>(got.begin(), got.end()), want) << '"' << line << '"';
+    }
 }
 
 TEST(Numbers, LenientStrictRoundingAndPrinting) {

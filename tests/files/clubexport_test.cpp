@@ -4,27 +4,35 @@
 
 #include <functional>
 
+#include "core/gamefolder.h"
+#include "core/session.h"
+
 using namespace kestrin;
 
 namespace {
 
-std::vector<ExportClub> read(const std::vector<std::string>& lines) {
-    return readClubExport(lines, "Weekly/clubsqua.txt");
+// The lines as a file whose last line has no line end.
+ClubExport read(const std::vector<std::string>& lines) {
+    std::string bytes = joinCrLf(lines);
+    if (!bytes.empty()) bytes.resize(bytes.size() - 2);
+    return readClubExport(std::move(bytes), "Weekly/clubsqua.txt");
 }
 
-ExportPlayer exportPlayer(const std::string& line) {
-    std::vector<ExportClub> clubs = read({"CLUB SQUADS", "EXPORT FOR Kestrel Rovers", "Name - Age Pos", line});
+// The player's views are valid as long as the export lives.
+std::pair<ClubExport, ExportPlayer> exportPlayer(const std::string& line) {
+    ClubExport clubs = read({"CLUB SQUADS", "EXPORT FOR Kestrel Rovers", "Name - Age Pos", line});
     if (clubs.size() != 1 || clubs[0].Players.size() != 1) {
         ADD_FAILURE() << "expected one club of one player";
         return {};
     }
-    return clubs[0].Players[0];
+    const ExportPlayer p = clubs[0].Players[0];
+    return {std::move(clubs), p};
 }
 
 }  // namespace
 
 TEST(ClubExport, ReadsClubsAndEveryFieldOfAPlayerAndGoesOnAfterABadLine) {
-    const std::vector<ExportClub> clubs = read({
+    const ClubExport clubs = read({
         "CLUB SQUADS AFTER TURN 312",
         "EXPORT FOR Kestrel Rovers",
         "Name              - Age Pos  TS Sign Pld Perf Gls Min Max Portrait Loan Club Managed Colours",
@@ -35,7 +43,11 @@ TEST(ClubExport, ReadsClubsAndEveryFieldOfAPlayerAndGoesOnAfterABadLine) {
         "Al Reyes - 21 MIDL 90 10 5 50 0 12x 2000 1 1 1 1 1 1 1 0 N Red",
         "Sam Ward          - 30 STRC 131 18 12 70 9 400000 450000 2 2 2 2 2 2 2 0 Y Black",
     });
-    const std::vector<ExportClub> want = {
+    struct WantClub {
+        std::string_view Name;
+        std::vector<ExportPlayer> Players;
+    };
+    const std::vector<WantClub> want = {
         {"Kestrel Rovers",
          {{"Tom Baxter", "24", "DEFC", "103", "14", "11", "61", "1", 125000, "150000", {1, 4, 2, 7, 3, 6, 2},
            "Red White ", 0, "", "N"},
@@ -83,6 +95,13 @@ TEST(ClubExport, TailRuleAndLinesThatStopEarly) {
              p.Managed = "N";
              p.Colours = "Red ";
          }},
+        {"runs of blanks between the words are joined to one", reyesLine + "3  Far   Town  Y  Red   White",
+         [](ExportPlayer& p) {
+             p.Loan = 3;
+             p.LoanClub = "Far Town";
+             p.Managed = "Y";
+             p.Colours = "Red White ";
+         }},
         {"a loan of a decimal is rounded", reyesLine + "2.5 N", [](ExportPlayer& p) {
              p.Loan = 2;
              p.Managed = "N";
@@ -115,7 +134,7 @@ TEST(ClubExport, TailRuleAndLinesThatStopEarly) {
         SCOPED_TRACE(c.name);
         ExportPlayer want = reyes;
         c.want(want);
-        EXPECT_EQ(exportPlayer(c.line), want);
+        EXPECT_EQ(exportPlayer(c.line).second, want);
     }
 }
 
@@ -144,8 +163,32 @@ TEST(ClubExport, HeadersAndTheLinesAroundThem) {
         std::vector<std::pair<std::string, std::vector<std::string>>> got;
         for (const ExportClub& club : read(c.lines)) {
             auto& entry = got.emplace_back(club.Name, std::vector<std::string>{});
-            for (const ExportPlayer& p : club.Players) entry.second.push_back(p.Name);
+            for (const ExportPlayer& p : club.Players) entry.second.emplace_back(p.Name);
         }
         EXPECT_EQ(got, c.want);
     }
+}
+
+TEST(ClubExport, ACopiedSessionKeepsTheExportWhenTheOriginalIsGone) {
+    // Mid-file lines end in CR LF, the last one in nothing: both ways of
+    // putting the blank behind the last colour are taken.
+    Session copy;
+    {
+        Session original;
+        original.ExportClubs = read({"title", "EXPORT FOR Kestrel Rovers", "headings",
+                                     "Tom - 24 DEFC 103 14 11 61 1 100 #NULL# 1 1 1 1 1 1 1 2 Port  Elm Y Red White",
+                                     "Sam - 30 STRC 131 18 12 70 9 100 200 1 1 1 1 1 1 1 0 N Blue"});
+        Session moved = std::move(original);
+        copy = moved;
+    }
+    ASSERT_EQ(copy.ExportClubs.size(), 1u);
+    const ExportClub& club = copy.ExportClubs[0];
+    EXPECT_EQ(club.Name, "Kestrel Rovers");
+    ASSERT_EQ(club.Players.size(), 2u);
+    EXPECT_EQ(club.Players[0].Name, "Tom");
+    EXPECT_EQ(club.Players[0].MaxValue, "0");
+    EXPECT_EQ(club.Players[0].LoanClub, "Port Elm");
+    EXPECT_EQ(club.Players[0].Colours, "Red White ");
+    EXPECT_EQ(club.Players[1].Colours, "Blue ");
+    EXPECT_EQ(club.Players[1].Managed, "N");
 }

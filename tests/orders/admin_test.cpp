@@ -209,12 +209,13 @@ TEST(AdminForm, ListsOfTheClubAndTheExportClubs) {
     EXPECT_EQ(l.loanable, (V{"Al Fry (AGKP)", "Di Oak (MIDR)"}));
     EXPECT_EQ(l.outfield, (V{"Bo Dee (DEFC)", "Cy Ng (STRL)", "Di Oak (MIDR)"}));
 
-    ExportClub other;
+    std::vector<ExportPlayer> players;
     for (const auto& [name, position] : {std::pair{"Ed Roe", "MIDL"}, std::pair{"Fi Lu", "DEFR"}}) {
         ExportPlayer p;
         p.Name = name, p.Position = position;
-        other.Players.push_back(p);
+        players.push_back(p);
     }
+    const ExportClub other{"Port Elm", players};
     EXPECT_EQ(exportPlayerLines(other), (V{"(MIDL) Ed Roe", "(DEFR) Fi Lu"}));
     EXPECT_EQ(kAdminScoutPositions.size(), kAdminCreatePositions.size() + 3);
     EXPECT_EQ(kAdminScoutPositions.back(), "Any Striker");

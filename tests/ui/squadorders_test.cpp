@@ -218,7 +218,7 @@ const OrderCase kOrderCases[] = {
     {"sell to another club",
      [](Squad& s) {
          const Player& p = s.senior();
-         const std::string buyer = s.g.session().ExportClubs[4].Name;
+         const std::string buyer(s.g.session().ExportClubs[4].Name);
          s.choose(p.Name);
          s.playerAct(2, "750000", {}, 4);
          return Expect{{p.Name + " - Sell Player To " + buyer + "  - For 750000"},

@@ -94,7 +94,7 @@ struct UiGame {
 };
 
 // Game text as the screens show it: its bytes are Windows-1252.
-inline QString q(const std::string& s) { return QString::fromStdString(cp1252ToUtf8(s)); }
+inline QString q(std::string_view s) { return QString::fromStdString(cp1252ToUtf8(s)); }
 
 // The demo's archives of `week` loaded through the Load Turn dialog, as the
 // manager does it from the main menu.
