@@ -4,8 +4,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <random>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "core/errors.h"
@@ -124,21 +125,31 @@ void GameFolder::ensureFolder(std::string_view relative) const {
 }
 
 std::string readFileBytes(const fs::path& path) {
-    // A folder opens as a stream on this system, and its size is nonsense.
+    // The loader reads every file of the game through here, so it is one
+    // open, one stat and one read. A folder opens on this system, and its
+    // size is nonsense.
+    struct Fd {
+        int fd;
+        ~Fd() {
+            if (fd >= 0) ::close(fd);
+        }
+    } file{::open(path.c_str(), O_RDONLY | O_CLOEXEC)};
+    struct stat st {};
+    if (file.fd >= 0 && ::fstat(file.fd, &st) != 0) st = {};
     std::error_code ec;
-    if (fs::is_directory(path, ec))
+    if (file.fd >= 0 ? S_ISDIR(st.st_mode) : fs::is_directory(path, ec))
         throw GameFileError(path.filename().string(), 0, "a file", "a folder of that name");
-    std::ifstream in(path, std::ios::binary);
-    if (!in) throw GameFileError(path.filename().string(), 0, "a readable file", "no such file or no permission");
-    std::string bytes;
-    in.seekg(0, std::ios::end);
-    auto size = in.tellg();
-    if (size > 0) {
-        bytes.resize(size_t(size));
-        in.seekg(0);
-        in.read(bytes.data(), size);
-        bytes.resize(size_t(in.gcount()));
+    if (file.fd < 0)
+        throw GameFileError(path.filename().string(), 0, "a readable file", "no such file or no permission");
+    std::string bytes(size_t(std::max<off_t>(st.st_size, 0)), '\0');
+    size_t got = 0;
+    while (got < bytes.size()) {
+        const ssize_t n = ::read(file.fd, bytes.data() + got, bytes.size() - got);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) break;
+        got += size_t(n);
     }
+    bytes.resize(got);
     return bytes;
 }
 

@@ -1,6 +1,7 @@
 #include "core/loader.h"
 
 #include <ctime>
+#include <future>
 
 #include "core/errors.h"
 #include "core/text.h"
@@ -54,12 +55,12 @@ void report(Session& s, Messages& messages, const std::string& title, const std:
 }
 
 // Reads one club; its saved orders are taken up before the next club's file.
-void loadClub(Session& s, Messages& messages, const std::string& fileName) {
-    const fs::path path = s.Folder.resolve("Squadsheets") / fileName;
+void loadClub(Session& s, Messages& messages, const fs::path& squadsheets, const std::string& fileName) {
     Club club;
+    std::vector<std::string> lines;
+    std::string stamp = s.TurnStamp;
     try {
-        std::vector<std::string> lines = readLines(path);
-        std::string stamp = s.TurnStamp;
+        lines = readLines(squadsheets / fileName);
         club = readSquadsheet(lines, "Squadsheets/" + fileName, clubFileFromName(fileName), stamp);
         s.TurnStamp = stamp;
     } catch (const GameFileError& e) {
@@ -72,12 +73,13 @@ void loadClub(Session& s, Messages& messages, const std::string& fileName) {
     const fs::path ts = turnsheetPath(s, club);
     std::error_code ec;
     if (fs::exists(ts, ec)) {
-        Club withOrders = club;
         try {
-            readTurnsheet(withOrders, readLines(ts), s.InjuryLimit, s.SuspensionLimit,
-                          displayName(s.Folder, ts));
-            club = std::move(withOrders);
+            readTurnsheet(club, readLines(ts), s.InjuryLimit, s.SuspensionLimit, displayName(s.Folder, ts));
         } catch (const GameFileError& e) {
+            // The club goes on as its Squadsheet gave it. The reader may have
+            // taken up some orders, and a failure is rare, so the Squadsheet
+            // is read again rather than the club copied beforehand each time.
+            club = readSquadsheet(lines, "Squadsheets/" + fileName, clubFileFromName(fileName), stamp);
             placeDefaultShirts(club);
             report(s, messages, "Turnsheet could not be read",
                    unreadableFileText("Turnsheet", e,
@@ -120,7 +122,19 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
     s.SuspensionLimit = 1;
 
     say("Loading Squadsheets");
-    for (const std::string& name : s.Folder.list("Squadsheets", "*sq*.txt")) loadClub(s, messages, name);
+    const std::vector<std::string> sheets = s.Folder.list("Squadsheets", "*sq*.txt");
+    // The club export is the largest file of the game and needs nothing else
+    // of the load, so a second thread reads it while the clubs are loaded.
+    // Only the result goes into the session, on this thread, in its step.
+    // Without a thread to be had, it is read there instead.
+    std::future<ClubExport> exportRead;
+    if (!sheets.empty())
+        exportRead = std::async(std::launch::async | std::launch::deferred, [folder = s.Folder] {
+            const fs::path path = folder.resolve("Weekly/clubsqua.txt");
+            return readClubExport(readFileBytes(path), displayName(folder, path));
+        });
+    const fs::path squadsheets = s.Folder.resolve("Squadsheets");
+    for (const std::string& name : sheets) loadClub(s, messages, squadsheets, name);
 
     s.Prefs = readSettings(gameFolder);
 
@@ -144,9 +158,8 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
     say("Setting Portraits");  // the portrait pictures are prepared by the screens that show them
 
     say("Loading Club Squad Details");
-    const fs::path exportPath = s.Folder.resolve("Weekly/clubsqua.txt");
     try {
-        s.ExportClubs = readClubExport(readFileBytes(exportPath), displayName(s.Folder, exportPath));
+        s.ExportClubs = exportRead.get();
     } catch (const GameFileError& e) {
         report(s, messages, "Club export could not be read",
                unreadableFileText("club export", e,

@@ -169,7 +169,8 @@ void splitTokens(std::string_view line, std::vector<std::string_view>& out, char
         return;
     }
     // Tokens start where a delimiter is followed by another byte and end at
-    // the next delimiter; the line is taken 64 bytes at a time.
+    // the next delimiter, so starts and ends take turns; the line is taken 64
+    // bytes at a time, and a token may run on from one to the next.
     size_t start = 0;
     bool open = false;
     uint64_t before = 1;  // the line starts as if behind a delimiter
@@ -179,18 +180,20 @@ void splitTokens(std::string_view line, std::vector<std::string_view>& out, char
         uint64_t starts = ~delim & behind;
         uint64_t ends = delim & ~behind;
         before = delim >> 63;
-        for (;;) {
-            if (open) {
-                if (!ends) break;
-                out.push_back(line.substr(start, base + size_t(std::countr_zero(ends)) - start));
-                ends &= ends - 1;
-                open = false;
-            } else {
-                if (!starts) break;
-                start = base + size_t(std::countr_zero(starts));
-                starts &= starts - 1;
+        if (open && ends) {
+            out.push_back(line.substr(start, base + size_t(std::countr_zero(ends)) - start));
+            ends &= ends - 1;
+            open = false;
+        }
+        while (starts) {
+            start = base + size_t(std::countr_zero(starts));
+            starts &= starts - 1;
+            if (!ends) {
                 open = true;
+                break;
             }
+            out.push_back(line.substr(start, base + size_t(std::countr_zero(ends)) - start));
+            ends &= ends - 1;
         }
     }
     if (open) out.push_back(line.substr(start));

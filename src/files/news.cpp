@@ -10,12 +10,14 @@ namespace kestrin {
 
 std::vector<NewsItem> fillNewsList(const GameFolder& folder) {
     std::vector<NewsItem> out;
+    const fs::path weekly = folder.resolve("Weekly");
     for (const std::string& name : folder.list("Weekly", "*.*")) {
         if (equalsNoCase(name, "CLUBSQUA.TXT")) continue;  // the club export is no news
         std::string title;
         try {
-            const std::vector<std::string> lines = readLines(folder.resolve("Weekly") / name);
-            if (!lines.empty()) title = lines.front();
+            const std::string bytes = readFileBytes(weekly / name);
+            std::string_view first;
+            if (LineWalker(bytes).next(first)) title = first;
         } catch (const GameFileError&) {
             // Shown by its name; opening it tells the manager what is wrong.
         }
@@ -53,10 +55,9 @@ std::vector<std::string> emailToList(const std::vector<ManagerEntry>& managers) 
     return out;
 }
 
-std::string managerOfClub(const GameFolder& folder, const std::string& clubName) {
-    if (!folder.exists("Weekly/EMAILS.TXT")) return {};
+std::string managerOfClub(const std::vector<std::string>& emailLines, const std::string& clubName) {
     const std::string want = trim(clubName);
-    for (const std::string& line : readLines(folder.resolve("Weekly/EMAILS.TXT"))) {
+    for (const std::string& line : emailLines) {
         const size_t dash = line.find(" - ");
         if (line.find('@') == std::string::npos || dash == std::string::npos) continue;
         if (equalsNoCase(trim(std::string_view(line).substr(0, dash)), want)) return trim(markerText(line, " (", ")"));

@@ -22,8 +22,9 @@ std::vector<ManagerEntry> readManagers(const GameFolder& folder);
 std::vector<ManagerEntry> parseManagers(const std::vector<std::string>& lines);
 // EmailTo: "(All Managers)" and then the managers' names.
 std::vector<std::string> emailToList(const std::vector<ManagerEntry>& managers);
-// The manager of a club by its name in EMAILS.TXT ("" when not there).
-std::string managerOfClub(const GameFolder& folder, const std::string& clubName);
+// The manager of a club by its name in the lines of EMAILS.TXT ("" when not
+// there).
+std::string managerOfClub(const std::vector<std::string>& emailLines, const std::string& clubName);
 
 // notepad.kst: the notes as one text, each line followed by CR LF ("" when
 // there is no file). Writing replaces the file atomically; throws WriteError.

@@ -1,6 +1,7 @@
 #include "orders/harvest.h"
 
 #include <cctype>
+#include <optional>
 
 #include "core/errors.h"
 #include "core/text.h"
@@ -113,6 +114,7 @@ struct Harvest {
     bool memosCut = false;
     std::vector<std::string> cutShort;
     std::vector<std::string> unwritten;
+    std::optional<std::vector<std::string>> emails;  // EMAILS.TXT, once asked for
 
     void memo(const std::string& to, const char* from, const std::string& line) {
         if (s.Memos.size() >= kMaxMemos) {
@@ -210,9 +212,9 @@ struct Harvest {
     }
 
     void club(const Club& club) {
-        const std::string sheetName = "Squadsheets/" + harvestSquadsheetName(club);
-        if (!s.Folder.exists(sheetName)) return;
-        const fs::path sheet = s.Folder.resolve(sheetName);
+        const fs::path sheet = s.Folder.resolve("Squadsheets/" + harvestSquadsheetName(club));
+        std::error_code ec;
+        if (!fs::exists(sheet, ec)) return;
         scoutFileInPlace();
         s.TickerText += club.Name + ":     ";
 
@@ -276,12 +278,18 @@ struct Harvest {
     }
 
     std::string managerOfClubName(const Club& club) {
-        std::string m;
-        try {
-            m = managerOfClub(s.Folder, club.Name);
-        } catch (const GameFileError&) {
-            // The managers list tells of an unreadable EMAILS.TXT.
+        // Read once for every club: nothing of the harvest writes it.
+        if (!emails) {
+            emails.emplace();
+            try {
+                const fs::path path = s.Folder.resolve("Weekly/EMAILS.TXT");
+                std::error_code ec;
+                if (fs::exists(path, ec)) *emails = readLines(path);
+            } catch (const GameFileError&) {
+                // The managers list tells of an unreadable EMAILS.TXT.
+            }
         }
+        const std::string m = managerOfClub(*emails, club.Name);
         return m.empty() ? club.Name : m;
     }
 
@@ -327,7 +335,7 @@ void harvestReports(Session& session, Messages& messages) {
     session.Memos.clear();
     session.MemoShown = 0;
     session.TickerText.assign(90, ' ');
-    Harvest h{session, messages, turnDateOf(session.TurnStamp), {}, false, {}, {}};
+    Harvest h{session, messages, turnDateOf(session.TurnStamp), {}, false, {}, {}, {}};
     for (const Club& club : session.Clubs) h.club(club);
     if (session.NewTurn) {
         if (session.Folder.exists("adm.kst")) {

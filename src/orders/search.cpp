@@ -172,7 +172,7 @@ bool positionPasses(std::string_view item, std::string_view position) {
     return i >= 0 && positionTest(kPositionTests[size_t(i)], position);
 }
 
-std::vector<SearchHit> searchExport(const std::vector<ExportClub>& clubs, const SearchFilter& filter,
+std::vector<SearchHit> searchExport(std::span<const ExportClub> clubs, const SearchFilter& filter,
                                     int64_t bankBalance) {
     std::vector<SearchHit> hits;
     const std::string needle = upper(trimView(filter.Name));
@@ -195,7 +195,7 @@ std::vector<SearchHit> searchExport(const std::vector<ExportClub>& clubs, const 
     return hits;
 }
 
-std::vector<std::vector<std::string>> searchRows(const std::vector<ExportClub>& clubs,
+std::vector<std::vector<std::string>> searchRows(std::span<const ExportClub> clubs,
                                                  const std::vector<SearchHit>& hits) {
     std::vector<std::vector<std::string>> rows;
     if (hits.empty()) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -65,7 +66,7 @@ struct SearchHit {
 // not at "Any" may clear a player, in the boxes' order. `bankBalance` is the
 // current club's, for "Within my bank balance". Boxes holding no item pass
 // nothing; check them with searchFilterProblem first.
-std::vector<SearchHit> searchExport(const std::vector<ExportClub>& clubs, const SearchFilter& filter,
+std::vector<SearchHit> searchExport(std::span<const ExportClub> clubs, const SearchFilter& filter,
                                     int64_t bankBalance);
 
 // The result rows in the search screen's column order (see
@@ -73,7 +74,7 @@ std::vector<SearchHit> searchExport(const std::vector<ExportClub>& clubs, const 
 // player's cells as on the Scout screen. No hit gives the one row
 // "No Results" (the other cells empty).
 inline constexpr std::string_view kNoResults = "No Results";
-std::vector<std::vector<std::string>> searchRows(const std::vector<ExportClub>& clubs,
+std::vector<std::vector<std::string>> searchRows(std::span<const ExportClub> clubs,
                                                  const std::vector<SearchHit>& hits);
 
 }  // namespace kestrin

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "core/text.h"
 #include "files/turnsheet.h"
 #include "orders/market.h"

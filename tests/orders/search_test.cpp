@@ -24,17 +24,17 @@ ExportPlayer player(const char* name, const char* pos, const char* age, const ch
     return p;
 }
 
-std::vector<ExportClub> smallExport() {
-    ExportClub a, b;
-    a.Name = "Dale Rovers";
-    a.Players = {player("Al Keeper", "AGKP", "17", "65", "3", "50", 500000, "N"),
-                 player("Bo Back", "DEFL", "20", "66", "10", "70", 7500000, "Y"),
-                 player("Cy Mid", "MIDC", "35", "99", "2", "80", 8000000, "N")};
-    b.Name = "Port Vale";
-    b.Players = {player("Di Striker", "STRR", "29", "88", "5", "40", 3000000, "N"),
-                 player("Ed Stone", "DEFC", "19", "77", "4", "60", 1000000, "Y")};
-    return {a, b};
-}
+// The clubs view the players kept beside them, so it is never copied.
+struct SmallExport {
+    SmallExport() = default;
+    SmallExport(const SmallExport&) = delete;
+    const std::vector<ExportPlayer> dale = {player("Al Keeper", "AGKP", "17", "65", "3", "50", 500000, "N"),
+                                            player("Bo Back", "DEFL", "20", "66", "10", "70", 7500000, "Y"),
+                                            player("Cy Mid", "MIDC", "35", "99", "2", "80", 8000000, "N")};
+    const std::vector<ExportPlayer> vale = {player("Di Striker", "STRR", "29", "88", "5", "40", 3000000, "N"),
+                                            player("Ed Stone", "DEFC", "19", "77", "4", "60", 1000000, "Y")};
+    const std::vector<ExportClub> clubs = {{"Dale Rovers", dale}, {"Port Vale", vale}};
+};
 
 std::string names(const std::vector<ExportClub>& clubs, const std::vector<SearchHit>& hits) {
     std::string s;
@@ -79,14 +79,16 @@ TEST(Search, BandsNameAndDefaults) {
         // A box holding no item finds nothing rather than everything.
         {{.Age = "Old"}, 0, ""},
     };
-    const std::vector<ExportClub> clubs = smallExport();
+    const SmallExport small;
+    const std::vector<ExportClub>& clubs = small.clubs;
     for (const Case& c : cases)
         EXPECT_EQ(names(clubs, searchExport(clubs, c.filter, c.bank)), c.found)
             << c.filter.Name << "|" << c.filter.Pos << "|" << c.filter.Value << "|" << c.filter.Age << "|" << c.filter.Sign;
 }
 
 TEST(Search, RowsCarryTheTeamInFrontOrSayNoResults) {
-    const std::vector<ExportClub> clubs = smallExport();
+    const SmallExport small;
+    const std::vector<ExportClub>& clubs = small.clubs;
     const auto rows = searchRows(clubs, searchExport(clubs, {.Name = "stone"}, 0));
     ASSERT_EQ(rows.size(), 1u);
     ASSERT_EQ(rows[0].size(), kSearchRowCells);
