@@ -1,5 +1,6 @@
 #include "core/loader.h"
 
+#include <chrono>
 #include <ctime>
 #include <future>
 
@@ -124,15 +125,26 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
     say("Loading Squadsheets");
     const std::vector<std::string> sheets = s.Folder.list("Squadsheets", "*sq*.txt");
     // The club export is the largest file of the game and needs nothing else
-    // of the load, so a second thread reads it while the clubs are loaded.
-    // Only the result goes into the session, on this thread, in its step.
-    // Without a thread to be had, it is read there instead.
+    // of the load, so a second thread reads it while the rest is loaded. Only
+    // reading the file can fail, and that is told in its step; the export
+    // itself goes into the session, on this thread, at the end. Without a
+    // thread to be had, it is all done in its step instead.
+    std::promise<void> exportBytesRead;
+    std::future<void> exportFileRead = exportBytesRead.get_future();
+    auto readExport = [folder = s.Folder, read = std::move(exportBytesRead)]() mutable {
+        const fs::path path = folder.resolve("Weekly/clubsqua.txt");
+        std::string bytes;
+        try {
+            bytes = readFileBytes(path);
+            read.set_value();
+        } catch (...) {
+            read.set_exception(std::current_exception());
+            return ClubExport();
+        }
+        return readClubExport(std::move(bytes), displayName(folder, path));
+    };
     std::future<ClubExport> exportRead;
-    if (!sheets.empty())
-        exportRead = std::async(std::launch::async | std::launch::deferred, [folder = s.Folder] {
-            const fs::path path = folder.resolve("Weekly/clubsqua.txt");
-            return readClubExport(readFileBytes(path), displayName(folder, path));
-        });
+    if (!sheets.empty()) exportRead = std::async(std::launch::async | std::launch::deferred, std::move(readExport));
     const fs::path squadsheets = s.Folder.resolve("Squadsheets");
     for (const std::string& name : sheets) loadClub(s, messages, squadsheets, name);
 
@@ -158,8 +170,9 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
     say("Setting Portraits");  // the portrait pictures are prepared by the screens that show them
 
     say("Loading Club Squad Details");
+    if (exportRead.wait_for(std::chrono::seconds(0)) == std::future_status::deferred) exportRead.wait();
     try {
-        s.ExportClubs = exportRead.get();
+        exportFileRead.get();
     } catch (const GameFileError& e) {
         report(s, messages, "Club export could not be read",
                unreadableFileText("club export", e,
@@ -206,6 +219,8 @@ Session loadSession(const fs::path& gameFolder, Messages& messages, const Status
                                   "The scout history and the skill comparison show no scouted players this session."));
     }
 
+    // No step since its own looks at the club export.
+    s.ExportClubs = exportRead.get();
     s.CurrentClub = 0;
 
     if (s.Prefs.WarnNot == 0 && notepadHasNotes(s.Folder))

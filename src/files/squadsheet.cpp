@@ -96,39 +96,41 @@ private:
 class TableFields {
 public:
     TableFields(std::string_view text, size_t line1, const char* table, const std::string& file)
-        : tokens_(text), line_(line1), table_(table), file_(file) {}
+        : line_(line1), table_(table), file_(file) {
+        splitTokens(text, tokens_);
+    }
 
-    size_t count() const { return tokens_.count(); }
+    size_t count() const { return tokens_.size(); }
 
-    const std::string& text(size_t index1, const char* name) const {
-        if (!tokens_.has(index1))
+    std::string_view text(size_t index1, const char* name) const {
+        if (index1 < 1 || index1 > tokens_.size())
             throw GameFileError(
                 file_, int(line_),
                 "a value for " + std::string(name) + " (field " + std::to_string(index1) + " of " + table_ + ")",
-                std::to_string(tokens_.count()) + " fields");
-        return tokens_[index1];
+                std::to_string(tokens_.size()) + " fields");
+        return tokens_[index1 - 1];
     }
 
     int16_t int16(size_t index1, const char* name, bool nullIsZero = false) const {
-        const std::string& t = text(index1, name);
+        const std::string_view t = text(index1, name);
         try {
             return parseInt16(t, nullIsZero);
         } catch (const FieldError& e) {
-            throw GameFileError(file_, int(line_), e.expected + " for " + name, t);
+            throw GameFileError(file_, int(line_), e.expected + " for " + name, std::string(t));
         }
     }
 
     int32_t int32(size_t index1, const char* name, bool nullIsZero = false) const {
-        const std::string& t = text(index1, name);
+        const std::string_view t = text(index1, name);
         try {
             return parseInt32(t, nullIsZero);
         } catch (const FieldError& e) {
-            throw GameFileError(file_, int(line_), e.expected + " for " + name, t);
+            throw GameFileError(file_, int(line_), e.expected + " for " + name, std::string(t));
         }
     }
 
 private:
-    Tokens tokens_;
+    std::vector<std::string_view> tokens_;  // views into the line, which outlives them
     size_t line_;
     const char* table_;
     const std::string& file_;

@@ -15,7 +15,7 @@ namespace {
 // The number fields of a match group after "Tactics:", in the order the file
 // has them. Tactics itself is apart: it is stored one lower than written.
 struct MatchField {
-    const char* label;
+    std::string_view label;
     int16_t& (*field)(Fixture&);
 };
 
@@ -65,7 +65,7 @@ const MatchField kMatchFields[] = {
 // The last line of a match group; a dropped group is skipped up to it.
 constexpr const char* kLastMatchLabel = "What To Do If Winning2:";
 
-const MatchField* matchField(const std::string& label) {
+const MatchField* matchField(std::string_view label) {
     for (const MatchField& m : kMatchFields)
         if (label == m.label) return &m;
     return nullptr;
@@ -87,11 +87,11 @@ bool outfield(int shirt) { return shirt >= 2 && shirt <= 11; }
 
 std::string turnsheetText(const Club& club) {
     std::vector<std::string> out;
-    auto text = [&](const char* label, const std::string& value) {
+    auto text = [&](std::string_view label, const std::string& value) {
         out.emplace_back(label);
         out.push_back(value);
     };
-    auto number = [&](const char* label, int64_t value) {
+    auto number = [&](std::string_view label, int64_t value) {
         out.emplace_back(label);
         out.push_back(turnsheetNumber(value));
     };
@@ -163,15 +163,26 @@ public:
     const std::string& last() const { return lines_[next_ - 1]; }
 
     // The next line; running out in the middle of a group is an error.
-    const std::string& take(const std::string& wanted) {
-        if (atEnd()) throw GameFileError(file_, int(lines_.size()) + 1, wanted, "");
+    const std::string& take(std::string_view wanted) {
+        if (atEnd()) throw GameFileError(file_, int(lines_.size()) + 1, std::string(wanted), "");
         return lines_[next_++];
     }
-    std::string value(const std::string& label) { return take("the value of \"" + label + "\""); }
+    // The same for a label's or a shirt's line: what was wanted is only put
+    // into words when the file ends, since most of the file is such lines.
+    const std::string& takeFor(const char* wanted, const std::string& label) {
+        if (atEnd()) throw GameFileError(file_, int(lines_.size()) + 1, wanted + label + "\"", "");
+        return lines_[next_++];
+    }
+    const std::string& takeOfShirt(const char* wanted, int shirt) {
+        if (atEnd())
+            throw GameFileError(file_, int(lines_.size()) + 1, wanted + (" of shirt " + std::to_string(shirt)), "");
+        return lines_[next_++];
+    }
+    std::string value(const std::string& label) { return takeFor("the value of \"", label); }
 
     template <typename Int>
     Int number(const std::string& label, Int (*parse)(std::string_view, bool)) {
-        const std::string& line = take("a number for \"" + label + "\"");
+        const std::string& line = takeFor("a number for \"", label);
         try {
             return parse(line, false);
         } catch (const FieldError& e) {
@@ -218,13 +229,12 @@ std::string teamRule(const Club& club, const std::string& name, int injuryLimit,
 void readSlotGroups(SheetReader& in, Fixture& f, const Club& club, int injuryLimit, int suspensionLimit) {
     for (int shirt = 1; shirt <= kShirts; ++shirt) {
         TeamSlot& s = f.Slots[size_t(shirt - 1)];
-        const std::string tag = " of shirt " + std::to_string(shirt);
-        in.take("\"Player:\"" + tag);
-        const std::string name = in.take("the player" + tag);
-        s.Player = trim(name).empty() ? std::string() : teamRule(club, name, injuryLimit, suspensionLimit);
+        in.takeOfShirt("\"Player:\"", shirt);
+        const std::string& name = in.takeOfShirt("the player", shirt);
+        s.Player = trimView(name).empty() ? std::string() : teamRule(club, name, injuryLimit, suspensionLimit);
 
-        in.take("\"Field Area 1:\"" + tag);
-        const std::string area1 = in.take("the field area" + tag);
+        in.takeOfShirt("\"Field Area 1:\"", shirt);
+        const std::string& area1 = in.takeOfShirt("the field area", shirt);
         if (outfield(shirt)) {
             if (area1.empty()) in.fail("a field area such as C3 for shirt " + std::to_string(shirt), area1);
             CellPos p;
@@ -233,8 +243,8 @@ void readSlotGroups(SheetReader& in, Fixture& f, const Club& club, int injuryLim
             s.Top = p.Top;
         }
 
-        in.take("\"Field Area 2:\"" + tag);
-        const std::string area2 = in.take("the second field area" + tag);
+        in.takeOfShirt("\"Field Area 2:\"", shirt);
+        const std::string& area2 = in.takeOfShirt("the second field area", shirt);
         if (outfield(shirt)) {
             CellPos p;
             if (area2.empty() || !areaCell(area2, p)) p = {};

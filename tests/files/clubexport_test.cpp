@@ -6,6 +6,9 @@
 
 #include "core/gamefolder.h"
 #include "core/session.h"
+#include "demo/demo.h"
+#include "files/turnsheet.h"
+#include "support/testsupport.h"
 
 using namespace kestrin;
 
@@ -191,4 +194,30 @@ TEST(ClubExport, ACopiedSessionKeepsTheExportWhenTheOriginalIsGone) {
     EXPECT_EQ(club.Players[0].Colours, "Red White ");
     EXPECT_EQ(club.Players[1].Colours, "Blue ");
     EXPECT_EQ(club.Players[1].Managed, "N");
+}
+
+// The club export is read beside the rest of the load, yet a file that can't
+// be read is told in its own place among the load's problems.
+TEST(ClubExport, AnUnreadableExportIsToldInItsPlaceAmongTheLoadsProblems) {
+    test::TempDir t;
+    makeDemoLeague(t.path(), test::smallDemo(3));
+    const Session good = test::loadQuietly(t.path());
+    ASSERT_TRUE(good.LoadProblems.empty());
+    ASSERT_FALSE(good.ExportClubs.empty());
+    // A folder where a file is looked for: a Turnsheet, read before the
+    // export, and the managers list, read after it.
+    const GameFolder folder(t.path());
+    for (const fs::path& path : {turnsheetPath(good, good.Clubs[0]), folder.resolve("Weekly/EMAILS.TXT")}) {
+        fs::remove(path);
+        fs::create_directories(path / "inside");
+    }
+    fs::remove(folder.resolve("Weekly/clubsqua.txt"));
+
+    const Session s = test::loadQuietly(t.path());
+    EXPECT_EQ(s.ClubCount(), good.ClubCount());
+    EXPECT_TRUE(s.ExportClubs.empty());
+    ASSERT_EQ(s.LoadProblems.size(), 3u);
+    EXPECT_TRUE(s.LoadProblems[0].starts_with("The Turnsheet ")) << s.LoadProblems[0];
+    EXPECT_TRUE(s.LoadProblems[1].starts_with("The club export ")) << s.LoadProblems[1];
+    EXPECT_TRUE(s.LoadProblems[2].starts_with("The managers list ")) << s.LoadProblems[2];
 }
