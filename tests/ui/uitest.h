@@ -60,6 +60,7 @@ struct UiGame {
     }
 
     void open() {
+        window.reset();  // its screens use the controller while it closes
         controller = std::make_unique<ui::SessionController>(messages);
         window = std::make_unique<ui::MainWindow>(*controller);
         QVERIFY(controller->load(dir.path()));
