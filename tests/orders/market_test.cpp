@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 
 #include "core/text.h"
 #include "files/turnsheet.h"

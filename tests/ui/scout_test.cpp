@@ -76,7 +76,7 @@ void ScoutTest::bidShowsOnBothScreensAndInTheTurnsheet() {
     const std::vector<std::string> before = m.saved();
     const std::vector<std::string> cells = m.pick(4, 0);
     QCOMPARE(int(cells.size()), 21);
-    const std::string club = m.g.session().ExportClubs[4].Name;
+    const std::string club(m.g.session().ExportClubs[4].Name);
     const std::string name = cells[0];
     const std::string minimum = trim(cells[2]);
     // The row's minimum is the amount, and the face is his.
@@ -147,7 +147,7 @@ void ScoutTest::scoutedBeforeAsksAndNoStops() {
         first.g.messages.answers = {true};
         first.g.on<QCheckBox>("Scout", "chkScoutAgg")->setChecked(true);
         first.g.button("Scout", "cmdScout")->click();
-        const QString line = q(first.g.session().ExportClubs[3].Name + " - " + name + " (Aggressive)");
+        const QString line = q(std::string(first.g.session().ExportClubs[3].Name) + " - " + name + " (Aggressive)");
         QCOMPARE(itemsOf(first.list("Scout", "lstScoutedPlayers")), QStringList{line});
         QCOMPARE(itemsOf(first.list("SearchResults", "lstScoutedPlayers")), QStringList{line});
         const std::vector<std::string> sheet = first.saved();
