@@ -57,6 +57,20 @@ void applyLook(QApplication& app) {
     app.setStyleSheet(kStyleSheet);
 }
 
+QPolygonF paintBall(QPainter& p, QPointF centre, qreal radius, const QColor& ink, qreal outline) {
+    p.setBrush(Qt::white);
+    p.setPen(QPen(ink, outline));
+    p.drawEllipse(centre, radius, radius);
+    QPolygonF patch;
+    for (int i = 0; i < 5; ++i) {
+        const qreal a = -M_PI / 2 + i * 2 * M_PI / 5;
+        patch << centre + QPointF(std::cos(a), std::sin(a)) * radius * 0.44;
+    }
+    p.setBrush(ink);
+    p.drawPolygon(patch);
+    return patch;
+}
+
 QFont fixedFont(int pointSizeDelta) {
     QFont f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     f.setPointSize(10 + pointSizeDelta);
@@ -93,18 +107,7 @@ QPixmap builtinBadge(int size) {
     p.setPen(QPen(QColor(0x18, 0x24, 0x33), s * 0.035));
     p.drawPath(shield);
     // A ball in the middle.
-    const QPointF c(s * 0.5, s * 0.55);
-    const qreal rad = s * 0.16;
-    p.setBrush(Qt::white);
-    p.setPen(QPen(QColor(0x18, 0x24, 0x33), s * 0.02));
-    p.drawEllipse(c, rad, rad);
-    QPolygonF pent;
-    for (int i = 0; i < 5; ++i) {
-        const qreal a = -M_PI / 2 + i * 2 * M_PI / 5;
-        pent << c + QPointF(std::cos(a), std::sin(a)) * rad * 0.45;
-    }
-    p.setBrush(QColor(0x18, 0x24, 0x33));
-    p.drawPolygon(pent);
+    paintBall(p, QPointF(s * 0.5, s * 0.55), s * 0.16, QColor(0x18, 0x24, 0x33), s * 0.02);
     return pm;
 }
 

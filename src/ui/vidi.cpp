@@ -103,16 +103,7 @@ void GoalAlert::paintEvent(QPaintEvent*) {
     // The ball, in the back of the net.
     const QPointF c(98, 84);
     const qreal r = 17;
-    p.setPen(QPen(QColor(0x22, 0x22, 0x22), 1.5));
-    p.setBrush(Qt::white);
-    p.drawEllipse(c, r, r);
-    QPolygonF patch;
-    for (int k = 0; k < 5; ++k) {
-        const double a = -M_PI / 2 + k * 2 * M_PI / 5;
-        patch << c + QPointF(std::cos(a), std::sin(a)) * r * 0.42;
-    }
-    p.setBrush(QColor(0x22, 0x22, 0x22));
-    p.drawPolygon(patch);
+    const QPolygonF patch = paintBall(p, c, r, QColor(0x22, 0x22, 0x22), 1.5);
     for (const QPointF& corner : patch) p.drawLine(corner, c + (corner - c) * 2.3);
     p.setClipping(false);
     // The word itself.
