@@ -314,12 +314,9 @@ bool addProfile(const Session& session, const Fixture& fixture, const std::strin
                         "\".\" or \"..\".\r\n\r\nPlease save it under another name.");
         return false;
     }
+    // A name saved before is simply written again, as a later turn's
+    // automatic profile of the same match is.
     const GameFolder& folder = session.Folder;
-    std::error_code ec;
-    if (fs::exists(profilePath(folder, name), ec) &&
-        !messages.ask(std::string(kQuestionTitle),
-                      "There is already a profile called " + name + ".\r\n\r\nDo you want to replace it?"))
-        return false;
     try {
         saveProfile(folder, name, fixture);
     } catch (const WriteError& e) {

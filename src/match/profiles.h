@@ -71,8 +71,8 @@ std::string automaticProfileName(const Club& club, const Fixture& fixture);
 void saveAutomaticProfiles(const Session& session, const Club& club, Messages& messages);
 
 // cmdAddProfile once the manager has typed a name: nothing for an empty name,
-// a refusal for a name that can't be a file's, the question before a profile
-// of that name is replaced, then the save and "Successfully saved profile.".
+// a refusal for a name that can't be a file's, then the save (a profile of
+// that name is overwritten) and "Successfully saved profile.".
 // Returns whether a profile was written.
 bool addProfile(const Session& session, const Fixture& fixture, const std::string& name, Messages& messages);
 

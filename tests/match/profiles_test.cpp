@@ -148,25 +148,22 @@ TEST(Profiles, OlderProfilesKeepWhatTheyHold) {
               std::tuple(5, "Bob Left", "Somebody", 4920));  // shirt 2 named but not placed
 }
 
-TEST(Profiles, SavedUnderAName_AskedBeforeReplacing_ListedAndDeleted) {
+TEST(Profiles, SavedUnderAName_OverwrittenWithoutAQuestion_ListedAndDeleted) {
     struct Case {
         const char* name;
-        bool replaceAnswer;
         bool written;
         std::vector<std::string> said;
     } cases[] = {
-        {"", true, false, {}},
-        {"Home/Away", true, false, {"Refuse|Profile not saved|A profile's name is the name of its file"}},
-        {"Cup nights", true, true, {"Inform|Kestrin|Successfully saved profile."}},
-        {"cup NIGHTS", false, false, {"Ask|Question|There is already a profile called cup NIGHTS."}},
-        {"cup NIGHTS", true, true, {"Ask|Question", "Inform|Kestrin"}},
+        {"", false, {}},
+        {"Home/Away", false, {"Refuse|Profile not saved|A profile's name is the name of its file"}},
+        {"Cup nights", true, {"Inform|Kestrin|Successfully saved profile."}},
+        {"cup NIGHTS", true, {"Inform|Kestrin|Successfully saved profile."}},
     };
     Game g;
     std::map<std::string, std::string> files;
     for (int16_t i = 0; i < int16_t(std::size(cases)); ++i) {
         const Case& c = cases[i];
         g.messages = {};
-        g.messages.answers = {c.replaceAnswer};
         Fixture f = ordered();
         f.DefAgg = i;  // each save its own bytes
         EXPECT_EQ(addProfile(g.session, f, c.name, g.messages), c.written) << i;
