@@ -371,21 +371,26 @@ json boxLines(const std::string& text) {
     return lines;
 }
 
+// The club named on the command line (game text), by name or code in any
+// case; none when the session has no such club, which is then told.
+const Club* namedClub(const Session& s, const std::string& wanted, const std::string& dir) {
+    for (const Club& c : s.Clubs)
+        if (equalsNoCase(trim(c.Name), trim(wanted)) || equalsNoCase(c.ClubFile, wanted)) return &c;
+    std::cerr << "kestrin-cli: no club " << cp1252ToUtf8(wanted) << " in " << dir << "\n";
+    return nullptr;
+}
+
 int runLastWeek(const std::string& dir, const std::string& clubName) {
     CliMessages messages;
     Session s = loadSession(dir, messages);
     if (s.GameIniMissing) return 1;
-    const std::string wanted = utf8ToCp1252(clubName);
-    for (const Club& c : s.Clubs) {
-        if (!equalsNoCase(trim(c.Name), trim(wanted)) && !equalsNoCase(c.ClubFile, wanted)) continue;
-        const LastWeekBoxes boxes = lastWeekBoxes(s, c);
-        json out = json::object();
-        for (size_t i = 0; i < boxes.size(); ++i) out[kLastWeekBoxes[i]] = boxLines(boxes[i]);
-        std::cout << out.dump(1) << "\n";
-        return 0;
-    }
-    std::cerr << "kestrin-cli: no club " << clubName << " in " << dir << "\n";
-    return 1;
+    const Club* c = namedClub(s, utf8ToCp1252(clubName), dir);
+    if (!c) return 1;
+    const LastWeekBoxes boxes = lastWeekBoxes(s, *c);
+    json out = json::object();
+    for (size_t i = 0; i < boxes.size(); ++i) out[kLastWeekBoxes[i]] = boxLines(boxes[i]);
+    std::cout << out.dump(1) << "\n";
+    return 0;
 }
 
 // Messages kept until the outcome is known, so a failing command prints
@@ -438,23 +443,19 @@ int runBlend(const std::string& dir, const std::string& clubName, const std::str
     CliMessages messages;
     Session s = loadSession(dir, messages);
     if (s.GameIniMissing) return 1;
-    const std::string wanted = utf8ToCp1252(clubName);
-    for (const Club& c : s.Clubs) {
-        if (!equalsNoCase(trim(c.Name), trim(wanted)) && !equalsNoCase(c.ClubFile, wanted)) continue;
-        if (number < 1 || size_t(number) > c.Fixtures.size()) {
-            std::cerr << "kestrin-cli: " << clubName << " has " << c.Fixtures.size() << " fixtures, not " << fixture
-                      << "\n";
-            return 1;
-        }
-        const std::string title = s.Game.GameName.empty() ? std::string("Kestrin") : s.Game.GameName;
-        const std::optional<Blend> b =
-            blendAnalysis(s.Prefs, c.ClubFile, blendLineUp(c.Fixtures[size_t(number - 1)]), messages, title);
-        if (!b) return 1;
-        std::cout << json{{"TxtBlend", b->text()}}.dump(1) << "\n";
-        return 0;
+    const Club* c = namedClub(s, utf8ToCp1252(clubName), dir);
+    if (!c) return 1;
+    if (number < 1 || size_t(number) > c->Fixtures.size()) {
+        std::cerr << "kestrin-cli: " << clubName << " has " << c->Fixtures.size() << " fixtures, not " << fixture
+                  << "\n";
+        return 1;
     }
-    std::cerr << "kestrin-cli: no club " << clubName << " in " << dir << "\n";
-    return 1;
+    const std::string title = s.Game.GameName.empty() ? std::string("Kestrin") : s.Game.GameName;
+    const std::optional<Blend> b =
+        blendAnalysis(s.Prefs, c->ClubFile, blendLineUp(c->Fixtures[size_t(number - 1)]), messages, title);
+    if (!b) return 1;
+    std::cout << json{{"TxtBlend", b->text()}}.dump(1) << "\n";
+    return 0;
 }
 
 // Sends as the program does, with the password from the environment; a dry
@@ -500,15 +501,7 @@ int runSearch(const std::string& dir, const std::vector<std::string>& options) {
     Session s = loadSession(dir, messages);
     if (s.GameIniMissing) return 1;
     const Club* club = s.Clubs.empty() ? nullptr : &s.Clubs.front();
-    if (!clubName.empty()) {
-        club = nullptr;
-        for (const Club& c : s.Clubs)
-            if (equalsNoCase(trim(c.Name), trim(clubName)) || equalsNoCase(c.ClubFile, clubName)) club = &c;
-        if (!club) {
-            std::cerr << "kestrin-cli: no club " << u(clubName) << " in " << dir << "\n";
-            return 1;
-        }
-    }
+    if (!clubName.empty() && !(club = namedClub(s, clubName, dir))) return 1;
     const auto rows = searchRows(s.ExportClubs, searchExport(s.ExportClubs, filter, club ? club->Balance : 0));
     constexpr size_t kShown = 13;  // Team to Mgd; the rest are the screen's hidden columns
     json out = json::array();
