@@ -1,12 +1,15 @@
 // kestrin-cli: the program's logic driven from the command line, JSON out.
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <random>
 #include <string>
 #include <vector>
 
+#include "autoturn/autoturn.h"
 #include "core/errors.h"
 #include "core/loader.h"
 #include "core/text.h"
@@ -15,11 +18,13 @@
 #include "files/news.h"
 #include "files/turnsheet.h"
 #include "match/blend.h"
+#include "match/ordertables.h"
 #include "orders/admin.h"
 #include "orders/harvest.h"
 #include "orders/market.h"
 #include "orders/search.h"
 #include "stats/honours.h"
+#include "stats/reading.h"
 #include "stats/refresh.h"
 
 #include "demo/demo.h"
@@ -38,6 +43,9 @@ constexpr const char* kUsage =
     "       kestrin-cli --game-dir DIR refresh-stats\n"
     "       kestrin-cli --game-dir DIR honours CLUB\n"
     "       kestrin-cli --game-dir DIR blend CLUB [FIXTURE]\n"
+    "       kestrin-cli --game-dir DIR autoturn [--club CLUB] [--pick total|performance|core|blend]\n"
+    "                   [--formation auto|N] [--no-team] [--no-physio] [--no-warn] [--no-scout] [--no-coach]\n"
+    "         (N is a formation such as 4-4-2; questions are answered No and listed with the club's messages)\n"
     "       kestrin-cli --game-dir DIR send-turnsheets [--dry-run]\n"
     "       kestrin-cli --game-dir DIR admin-text\n"
     "       kestrin-cli --game-dir DIR search [--name TEXT] [--pos ITEM] [--perf N] [--value ITEM] [--age ITEM]\n"
@@ -514,6 +522,81 @@ int runSearch(const std::string& dir, const std::vector<std::string>& options) {
     return 0;
 }
 
+// Auto Turn over the session's clubs, or one, then the Turnsheets saved.
+int runAutoTurnCommand(const std::string& dir, const std::vector<std::string>& options) {
+    AutoTurnOptions run;
+    PickChoice choice;
+    std::string clubName;
+    for (size_t i = 0; i < options.size(); ++i) {
+        const std::string& o = options[i];
+        auto value = [&]() -> std::string {
+            if (i + 1 >= options.size()) throw std::invalid_argument(o + " needs a value");
+            return options[++i];
+        };
+        if (o == "--club") clubName = utf8ToCp1252(value());
+        else if (o == "--pick") {
+            const std::string v = value();
+            constexpr std::array<std::string_view, 4> kPicks = {"total", "performance", "core", "blend"};
+            const auto at = std::find(kPicks.begin(), kPicks.end(), v);
+            if (at == kPicks.end()) return usage("--pick takes total, performance, core or blend");
+            choice.Method = PickMethod(at - kPicks.begin());
+        } else if (o == "--formation") {
+            std::string v = value();
+            if (v == "auto") {
+                choice.Formation = std::string(kAutoPick);
+                continue;
+            }
+            std::string digits;
+            for (char c : v)
+                if (c >= '0' && c <= '9') digits += c;
+            const std::string text = digits.size() == 3 ? formationNumbersText(int16_t(digits[0] - '0'),
+                                                                                int16_t(digits[1] - '0'),
+                                                                                int16_t(digits[2] - '0'))
+                                                        : std::string();
+            const std::vector<std::string> offered = pickFormations();
+            if (std::find(offered.begin() + 1, offered.end(), text) == offered.end())
+                return usage("--formation takes auto or one of the eleven formations, such as 4-4-2");
+            choice.Formation = text;
+        } else if (o == "--no-team") run.PickTeam = false;
+        else if (o == "--no-physio") run.Physio = false;
+        else if (o == "--no-warn") run.Warn = false;
+        else if (o == "--no-scout") run.Scout = false;
+        else if (o == "--no-coach") run.Coach = false;
+        else return usage("unknown autoturn option " + o);
+    }
+    CliMessages messages;
+    Session s = loadSession(dir, messages);
+    if (s.GameIniMissing) return 1;
+    if (choice.Method == PickMethod::BestBlend && !statsDatabaseExists(s)) {
+        std::cerr << "kestrin-cli: " << u(stats::kNeedDatabaseText) << "\n";
+        return 1;
+    }
+    if (!clubName.empty()) {
+        const Club* c = namedClub(s, clubName, dir);
+        if (!c) return 1;
+        run.Team = int(c - s.Clubs.data()) + 1;
+    }
+    run.Choices.assign(size_t(s.ClubCount()) + 1, choice);
+    RecordingMessages told;
+    told.defaultAnswer = false;
+    const std::vector<ClubRun> runs = runAutoTurn(s, run, told, defaultRandomSource(std::random_device{}()));
+    try {
+        saveTurnsheets(s, messages);
+    } catch (const WriteError& e) {
+        std::cerr << "The turnsheet " << e.path << " could not be written: " << e.reason
+                  << ". The previous file is left as it was.\n";
+        return 1;
+    }
+    nlohmann::ordered_json clubs = nlohmann::ordered_json::array();
+    for (const ClubRun& r : runs) {
+        json lines = json::array();
+        for (const std::string& m : r.Messages) lines.push_back(u(m));
+        clubs.push_back({{"Name", u(r.Name)}, {"Messages", std::move(lines)}});
+    }
+    std::cout << nlohmann::ordered_json{{"Clubs", std::move(clubs)}}.dump(1) << "\n";
+    return 0;
+}
+
 int runSendTurnsheets(const std::string& dir, bool dryRun) {
     RecordingMessages messages;
     Session s = loadSession(dir, messages);
@@ -597,6 +680,8 @@ int main(int argc, char** argv) {
             if (cmd == "blend" && (args.size() == 4 || args.size() == 5))
                 return runBlend(dir, args[3], args.size() == 5 ? args[4] : "1");
             if (cmd == "admin-text" && args.size() == 3) return runAdminText(dir);
+            if (cmd == "autoturn")
+                return runAutoTurnCommand(dir, std::vector<std::string>(args.begin() + 3, args.end()));
             if (cmd == "search") return runSearch(dir, std::vector<std::string>(args.begin() + 3, args.end()));
             if (cmd == "send-turnsheets" && (args.size() == 3 || (args.size() == 4 && args[3] == "--dry-run")))
                 return runSendTurnsheets(dir, args.size() == 4);
