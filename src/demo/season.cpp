@@ -254,8 +254,9 @@ void League::fillSide(Match& m, int s, Random& r) const {
     side.tactic = r.range(1, 22);
     side.endTactic = r.chance(15) ? 0 : r.range(1, 22);
     for (size_t b = 0; b < 3; ++b) {
-        side.blends[b] = r.range(30, 80);
-        side.blends[b + 3] = std::clamp(side.blends[b] + r.range(-6, 6), 10, 99);
+        // The game rates a line's blend from 0 to 10.
+        side.blends[b] = r.range(1, 9);
+        side.blends[b + 3] = std::clamp(side.blends[b] + r.range(-2, 2), 0, 10);
     }
     int best = 1;
     for (int row = 1; row <= 13; ++row)
