@@ -7,6 +7,7 @@
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
+#include "autoturn/autoturn.h"
 #include "core/gamefolder.h"
 #include "core/loader.h"
 #include "core/messages.h"
@@ -59,6 +60,7 @@ public:
     const std::string& club() const { return club_; }
     const BlendLineUp& lineUp() const { return lineUp_; }
     int weeks() const { return weeks_; }
+    const fs::path& folder() const { return folder_; }
 
 private:
     fs::path folder_;
@@ -112,5 +114,30 @@ void BM_BlendOverEveryMatch(benchmark::State& state) {
         count("SELECT COUNT(*) FROM MatchMain WHERE HomeSide = ?1 OR AwaySide = ?1", s.club()));
 }
 BENCHMARK(BM_BlendOverEveryMatch)->Unit(benchmark::kMillisecond);
+
+// Auto Turn by Best Blend for all thirty clubs: every club's lines read from
+// the season and searched, then the team written; the other stages off.
+void BM_AutoTurnByBestBlend(benchmark::State& state) {
+    const Season& season_ = season();
+    RecordingMessages quiet;
+    Session loaded = loadSession(season_.folder(), quiet);
+    loaded.Prefs = season_.settings();
+    AutoTurnOptions options;
+    options.Physio = options.Warn = options.Scout = options.Coach = false;
+    options.Choices.assign(size_t(loaded.ClubCount()) + 1, PickChoice{PickMethod::BestBlend, std::string(kAutoPick)});
+    SQLite::Database db(season_.settings().StatsFile, SQLite::OPEN_READONLY);
+    const RandomSource rnd = defaultRandomSource(1);
+    size_t skipped = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        Session s = loaded;
+        state.ResumeTiming();
+        skipped = 0;
+        for (const ClubRun& r : runAutoTurn(s, options, &db, quiet, rnd)) skipped += r.Skipped;
+    }
+    state.counters["clubs"] = loaded.ClubCount();
+    state.counters["skipped"] = double(skipped);
+}
+BENCHMARK(BM_AutoTurnByBestBlend)->Unit(benchmark::kMillisecond);
 
 }  // namespace
