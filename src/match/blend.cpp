@@ -8,22 +8,10 @@ namespace kestrin {
 
 namespace {
 
-// Match reports print a name in at most 19 characters; a longer name of the
-// squad is compared by what the report could hold of it.
-constexpr size_t kReportNameLength = 19;
-constexpr size_t kShirts = 13;
 constexpr int kLastOnPitch = 11;
 
-using Sizes = std::array<int, 3>;
-using Names = std::array<std::string, kShirts>;  // [0] is shirt 1
-
-// The line sizes of a stored formation number; nothing for a number with no
-// formation.
-std::optional<Sizes> sizesOf(int64_t formation) {
-    const std::string t = stats::formationText(int(formation));
-    if (val(t) == 0) return std::nullopt;
-    return Sizes{int(val(t.substr(0, 1))), int(val(t.substr(4, 1))), int(val(t.substr(8, 1)))};
-}
+using Sizes = LineSizes;
+using Names = ShirtNames;
 
 int firstShirt(const Sizes& s, int line) {
     int first = 2;
@@ -39,7 +27,7 @@ bool lineMet(const BlendLineUp& up, const Sizes& want, int line, const Sizes& si
     const int count = want[size_t(line)];
     if (count <= 0 || from < 2 || from > kLastOnPitch) return false;
     for (int shirt = from; shirt < from + count && shirt <= kLastOnPitch; ++shirt) {
-        const std::string name = trim(std::string_view(up.Shirts[size_t(shirt - 1)]).substr(0, kReportNameLength));
+        const std::string name = reportName(up.Shirts[size_t(shirt - 1)]);
         if (name.empty()) return false;
         bool found = false;
         for (int m = matchFrom; m < matchFrom + count && m <= kLastOnPitch && !found; ++m)
@@ -70,6 +58,77 @@ struct Walk {
 
 }  // namespace
 
+std::string reportName(std::string_view squadName) { return trim(squadName.substr(0, kReportNameLength)); }
+
+std::optional<LineSizes> formationSizes(int64_t formation) {
+    const std::string t = stats::formationText(int(formation));
+    if (val(t) == 0) return std::nullopt;
+    return LineSizes{int(val(t.substr(0, 1))), int(val(t.substr(4, 1))), int(val(t.substr(8, 1)))};
+}
+
+ShirtNames kickOffNames(const MatchShirts& m, bool twelveFirst) {
+    ShirtNames names = m.Names;
+    const std::array<size_t, 2> order = twelveFirst ? std::array<size_t, 2>{11, 12} : std::array<size_t, 2>{12, 11};
+    for (size_t i = 0; i < size_t(kLastOnPitch); ++i) {
+        if (m.TimeSub[i] <= 0) continue;
+        for (size_t s : order)
+            if (m.TimeSub[s] == m.TimeSub[i]) std::swap(names[i], names[s]);
+    }
+    return names;
+}
+
+ClubMatches::ClubMatches(SQLite::Database& db)
+    : matches_(db, "SELECT MatchCode FROM MatchMain WHERE HomeSide = ?1 OR AwaySide = ?1 "
+                   "ORDER BY Date DESC, MatchCode DESC"),
+      team_(db, "SELECT StartFormation, EndFormation, StartDefBlend, StartMidBlend, StartAttBlend, EndDefBlend, "
+                "EndMidBlend, EndAttBlend FROM MatchTeam WHERE MatchCode = ? AND Club = ? ORDER BY rowid LIMIT 1"),
+      players_(db, "SELECT PlayerName, TimeSub FROM MatchPlayer WHERE MatchCode = ? AND Club = ? "
+                   "ORDER BY Number, rowid") {}
+
+void ClubMatches::start(const std::string& club) {
+    club_ = club;
+    matches_.reset();
+    matches_.bind(1, club_);
+}
+
+std::optional<int64_t> ClubMatches::next() {
+    if (!matches_.executeStep()) return std::nullopt;
+    return matches_.getColumn(0).getInt64();
+}
+
+std::optional<MatchTeamRow> ClubMatches::team(int64_t match) {
+    team_.reset();
+    team_.bind(1, match);
+    team_.bind(2, club_);
+    if (!team_.executeStep()) return std::nullopt;
+    MatchTeamRow row;
+    row.Start = formationSizes(team_.getColumn(0).getInt64());
+    row.End = formationSizes(team_.getColumn(1).getInt64());
+    for (int i = 0; i < 3; ++i) {
+        row.StartBlends[size_t(i)] = team_.getColumn(2 + i).getInt64();
+        row.EndBlends[size_t(i)] = team_.getColumn(5 + i).getInt64();
+    }
+    team_.reset();
+    return row;
+}
+
+MatchShirts ClubMatches::shirts(int64_t match) {
+    // The rows are the shirts in order, whatever their numbers.
+    MatchShirts m;
+    players_.reset();
+    players_.bind(1, match);
+    players_.bind(2, club_);
+    while (m.Rows < kReportShirts && players_.executeStep()) {
+        m.Names[m.Rows] = trim(players_.getColumn(0).getString());
+        m.TimeSub[m.Rows] = players_.getColumn(1).getInt64();
+        ++m.Rows;
+    }
+    players_.reset();
+    return m;
+}
+
+void ClubMatches::finish() { matches_.reset(); }
+
 BlendLineUp blendLineUp(const Fixture& f) {
     BlendLineUp up;
     up.Defence = f.Defence;
@@ -81,75 +140,38 @@ BlendLineUp blendLineUp(const Fixture& f) {
 
 std::string Blend::text() const { return DefenceBlend + " - " + MidfieldBlend + " - " + AttackBlend; }
 
-BlendReader::BlendReader(SQLite::Database& db)
-    : matches_(db, "SELECT MatchCode FROM MatchMain WHERE HomeSide = ?1 OR AwaySide = ?1 "
-                   "ORDER BY Date DESC, MatchCode DESC"),
-      team_(db, "SELECT StartFormation, EndFormation, StartDefBlend, StartMidBlend, StartAttBlend, EndDefBlend, "
-                "EndMidBlend, EndAttBlend FROM MatchTeam WHERE MatchCode = ? AND Club = ? ORDER BY rowid LIMIT 1"),
-      players_(db, "SELECT PlayerName, TimeSub FROM MatchPlayer WHERE MatchCode = ? AND Club = ? "
-                   "ORDER BY Number, rowid") {}
+BlendReader::BlendReader(SQLite::Database& db) : matches_(db) {}
 
 Blend BlendReader::blendOf(const std::string& club, const BlendLineUp& up) {
     Blend b;
     Walk walk{up, {up.Defence, up.Midfield, up.Attack}, {&b.DefenceBlend, &b.MidfieldBlend, &b.AttackBlend}};
-    matches_.reset();
-    matches_.bind(1, club);
+    matches_.start(club);
     bool anyMatch = false;
-    while (!walk.done() && matches_.executeStep()) {
+    while (!walk.done()) {
+        const std::optional<int64_t> code = matches_.next();
+        if (!code) break;
         if (!anyMatch && up.Attack == 1) {
             // A single attacker has nobody to blend with.
             b.AttackBlend = std::to_string(0);
             walk.settled[2] = true;
         }
         anyMatch = true;
-        const int64_t code = matches_.getColumn(0).getInt64();
 
-        team_.reset();
-        team_.bind(1, code);
-        team_.bind(2, club);
-        if (!team_.executeStep()) continue;
-        const std::optional<Sizes> start = sizesOf(team_.getColumn(0).getInt64());
-        if (!start) continue;
-        const Sizes end = sizesOf(team_.getColumn(1).getInt64()).value_or(Sizes{});
-        std::array<int64_t, 3> startBlends{}, endBlends{};
-        for (int i = 0; i < 3; ++i) {
-            startBlends[size_t(i)] = team_.getColumn(2 + i).getInt64();
-            endBlends[size_t(i)] = team_.getColumn(5 + i).getInt64();
-        }
+        const std::optional<MatchTeamRow> team = matches_.team(*code);
+        if (!team || !team->Start) continue;
+        const Sizes start = *team->Start, end = team->End.value_or(Sizes{});
         bool sizeMet = false;
-        for (size_t l = 0; l < 3; ++l) sizeMet = sizeMet || walk.want[l] == (*start)[l] || walk.want[l] == end[l];
+        for (size_t l = 0; l < 3; ++l) sizeMet = sizeMet || walk.want[l] == start[l] || walk.want[l] == end[l];
         if (!sizeMet) continue;
 
-        // The rows are the shirts in order, whatever their numbers.
-        Names names;
-        std::array<int64_t, kShirts> times{};
-        size_t rows = 0;
-        players_.reset();
-        players_.bind(1, code);
-        players_.bind(2, club);
-        while (rows < kShirts && players_.executeStep()) {
-            names[rows] = trim(players_.getColumn(0).getString());
-            times[rows] = players_.getColumn(1).getInt64();
-            ++rows;
-        }
-        if (rows == 0) continue;
-
-        // The rows show the end of the match. Swapping each substitute back
-        // with the shirt that went off at his minute rebuilds the kick-off;
-        // when both came on together either could have taken that shirt, so
-        // one column tries shirt 12 first and the other shirt 13.
-        std::array<Names, 2> kickOff{names, names};
-        for (size_t i = 0; i < size_t(kLastOnPitch); ++i) {
-            if (times[i] <= 0) continue;
-            for (size_t s : {11u, 12u})
-                if (times[s] == times[i]) std::swap(kickOff[0][i], kickOff[0][s]);
-            for (size_t s : {12u, 11u})
-                if (times[s] == times[i]) std::swap(kickOff[1][i], kickOff[1][s]);
-        }
-        for (const Names& column : kickOff) walk.compare(column, *start, startBlends);
-        walk.compare(names, end, endBlends);
+        const MatchShirts shirts = matches_.shirts(*code);
+        if (shirts.Rows == 0) continue;
+        // The rows show the end of the match; one column tries shirt 12
+        // first and the other shirt 13.
+        for (bool twelveFirst : {true, false}) walk.compare(kickOffNames(shirts, twelveFirst), start, team->StartBlends);
+        walk.compare(shirts.Names, end, team->EndBlends);
     }
-    matches_.reset();
+    matches_.finish();
     return b;
 }
 
