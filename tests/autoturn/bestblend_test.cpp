@@ -96,7 +96,9 @@ constexpr std::array<int, 13> kFirstEleven{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12
 
 TEST(BestBlend, LinesReadAndChosen) {
     const std::array<int, 13> reserves{1, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23};
-    const std::array<int, 13> wideMidfield{1, 2, 3, 4, 5, 16, 17, 18, 19, 20, 21, 22, 23};
+    // A 4-4-2 at blends 0 and a 4-5-1 whose defence is the same.
+    const std::vector<Match> twoShapes{{"2026-03-07", 2, 2, {0, 0, 0, 0, 0, 0}, kFirstEleven},
+                                       {"2026-03-14", 4, 4, {0, 0, 0, 6, 4, 4}, {1, 2, 3, 4, 5, 16, 17, 18, 19, 20, 21}}};
     const struct {
         const char* name;
         std::vector<Match> matches;
@@ -132,18 +134,15 @@ TEST(BestBlend, LinesReadAndChosen) {
          {}, {4, 4, 2}, false, "d0 2,3,4,5 | d3 12,13,14,15 | m0 6,7,8,9 | m3 16,17,18,19 | a0 6,20 | a5 10,11",
          "2,3,4,5 / 6,7,8,9 / 10,11"},
         {"no fixed formation: every line from the first candidate",
-         {{"2026-03-07", 2, 2, {0, 0, 0, 0, 0, 0}, kFirstEleven},
-          {"2026-03-14", 4, 4, {0, 0, 0, 6, 4, 4}, wideMidfield}},
+         twoShapes,
          {}, {4, 5, 1}, false, "d0 2,3,4,5 | d6 2,3,4,5 | m0 6,7,8,9 | m4 16,17,18,19,20 | a0 10,11 | a4 21",
          "2,3,4,5 / 6,7,8,9 / 10,11"},
         {"a fixed formation takes lines of the quota's sizes, from different formations",
-         {{"2026-03-07", 2, 2, {0, 0, 0, 0, 0, 0}, kFirstEleven},
-          {"2026-03-14", 4, 4, {0, 0, 0, 6, 4, 4}, wideMidfield}},
+         twoShapes,
          {}, {4, 5, 1}, true, "d0 2,3,4,5 | d6 2,3,4,5 | m0 6,7,8,9 | m4 16,17,18,19,20 | a0 10,11 | a4 21",
          "2,3,4,5 / 16,17,18,19,20 / 21"},
         {"a quota no stored line has is left unset",
-         {{"2026-03-07", 2, 2, {0, 0, 0, 0, 0, 0}, kFirstEleven},
-          {"2026-03-14", 4, 4, {0, 0, 0, 6, 4, 4}, wideMidfield}},
+         twoShapes,
          {}, {3, 5, 2}, true, "d0 2,3,4,5 | d6 2,3,4,5 | m0 6,7,8,9 | m4 16,17,18,19,20 | a0 10,11 | a4 21",
          "- / 16,17,18,19,20 / 10,11"},
         {"a blend of 10 is stored but never chosen; one out of range is not stored",
