@@ -52,10 +52,11 @@ void clearOrders(Club& c) {
 void expectTheScreensTake(const Club& auto_, const Club& fresh, const std::string& what) {
     Club c = fresh;
     clearOrders(c);
-    for (int k = 0; k < 3; ++k)
-        if (!auto_.PhysioPlayer[size_t(k)].empty())
-            EXPECT_TRUE(treatWithPhysio(c, auto_.PhysioPlayer[size_t(k)], std::to_string(auto_.PhysioPoints[size_t(k)])))
-                << what;
+    for (int k = 0; k < 3; ++k) {
+        if (auto_.PhysioPlayer[size_t(k)].empty()) continue;
+        EXPECT_TRUE(treatWithPhysio(c, auto_.PhysioPlayer[size_t(k)], std::to_string(auto_.PhysioPoints[size_t(k)])))
+            << what;
+    }
     for (int k = 0; k < 8; ++k) {
         const CoachOrder& o = auto_.coachOrder(k);
         if (o.Player.empty()) continue;
@@ -71,7 +72,9 @@ void expectTheScreensTake(const Club& auto_, const Club& fresh, const std::strin
         RecordingMessages quiet;
         EXPECT_TRUE(cmdScout(c, pick, false, {}, quiet)) << what;
     }
-    if (auto_.OneToOneInstruction != 0) EXPECT_TRUE(setOneToOne(c, auto_.OneToOneInstruction - 1, auto_.OneToOnePlayer));
+    if (auto_.OneToOneInstruction != 0) {
+        EXPECT_TRUE(setOneToOne(c, auto_.OneToOneInstruction - 1, auto_.OneToOnePlayer)) << what;
+    }
     c.Fixtures = auto_.Fixtures;
     c.Movements = auto_.Movements;
     EXPECT_EQ(c, auto_) << what;
