@@ -10,32 +10,13 @@
 #include "files/clubexport.h"
 #include "files/squadsheet.h"
 #include "orders/harvest.h"
+#include "largeleague.h"
 
 using namespace kestrin;
 
 namespace {
 
-// The league is made once per run and removed at exit.
-class LargeLeague {
-public:
-    LargeLeague() : folder_(fs::temp_directory_path() / ("kestrin-bench-" + std::to_string(::getpid()))) {
-        fs::remove_all(folder_);
-        makeDemoLeague(folder_, largeDemoOptions());
-    }
-    ~LargeLeague() {
-        std::error_code ec;
-        fs::remove_all(folder_, ec);
-    }
-    const fs::path& folder() const { return folder_; }
-
-private:
-    fs::path folder_;
-};
-
-const LargeLeague& league() {
-    static const LargeLeague l;
-    return l;
-}
+const bench::LargeLeague& league() { return bench::largeLeague(); }
 
 void BM_LoadSession(benchmark::State& state) {
     const fs::path& folder = league().folder();

@@ -1,41 +1,16 @@
 // The player search over the large demo league's club export: 2,000 clubs of
 // 25 players. A band search and a name search should each stay under 5 ms.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
-#include "core/loader.h"
 #include "core/messages.h"
-#include "demo/demo.h"
 #include "orders/search.h"
+#include "largeleague.h"
 
 using namespace kestrin;
 
 namespace {
 
-// The league's session, made once per run; its folder is removed at exit.
-class LargeExport {
-public:
-    LargeExport() : folder_(fs::temp_directory_path() / ("kestrin-search-bench-" + std::to_string(::getpid()))) {
-        fs::remove_all(folder_);
-        makeDemoLeague(folder_, largeDemoOptions());
-        RecordingMessages quiet;
-        session_ = loadSession(folder_, quiet);
-    }
-    ~LargeExport() {
-        std::error_code ec;
-        fs::remove_all(folder_, ec);
-    }
-    const Session& session() const { return session_; }
-
-private:
-    fs::path folder_;
-    Session session_;
-};
-
-const Session& league() {
-    static const LargeExport l;
-    return l.session();
-}
+const Session& league() { return bench::largeLeague().session(); }
 
 size_t players(const Session& s) {
     size_t n = 0;
