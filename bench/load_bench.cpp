@@ -1,7 +1,6 @@
 // Start-up on the large demo league: 30 Squadsheets and a club export of
 // 2,000 clubs. The whole session load should stay under 10 ms.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include "core/gamefolder.h"
 #include "core/loader.h"
