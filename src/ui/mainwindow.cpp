@@ -11,6 +11,7 @@
 #include "files/news.h"
 #include "ui/about.h"
 #include "ui/admin.h"
+#include "ui/autoturn.h"
 #include "ui/fixt.h"
 #include "ui/honours.h"
 #include "ui/lastweek.h"
@@ -61,6 +62,7 @@ MainWindow::MainWindow(SessionController& controller, QWidget* parent)
     });
     addScreen(new VidiScreen(controller_, stack_));
     addScreen(new Matchviewer(controller_, stack_));
+    addScreen(new AutoTurnScreen(controller_, stack_));
     addDialog("LoadTurn", [this] { LoadTurnDialog::openOver(this, controller_); });
     addDialog("Honours", [this] { HonoursDialog::openOver(this, controller_); });
     addDialog("RefreshStats", [this] { controller_.refreshStats(true); });
