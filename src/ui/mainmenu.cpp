@@ -58,7 +58,7 @@ const ScreenButton kScreenButtons[] = {
     {"BtnLastWeek", "Last week", "LastWk", "", true},
     {"BtnNews", "News", "News", "", true},
     {"BtnPreferences", "Preferences", "Preferences", "the preferences screen", false},
-    {"btnAuto", "Auto Turn", "", "a whole turn built by rules", true},
+    {"btnAuto", "Auto Turn", "AutoTurn", "", true},
     {"btnAdmin", "Weekly Admin", "Admin", "", true},
     {"btnVidi", "Vidiprinter", "Vidi", "", true},
     {"btnViewer", "Match Viewer", "Matchviewer", "", true},
