@@ -6,6 +6,7 @@
 #include <QRadioButton>
 #include <QPixmap>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <algorithm>
 #include <cstdio>
 #include <functional>
@@ -15,6 +16,7 @@
 #include "core/messages.h"
 #include "match/profiles.h"
 #include "ui/admin.h"
+#include "ui/autoturn.h"
 #include "ui/faceview.h"
 #include "ui/fixt.h"
 #include "ui/lastweek.h"
@@ -25,6 +27,7 @@
 #include "ui/memoform.h"
 #include "ui/newsscreen.h"
 #include "ui/notepad.h"
+#include "ui/pitchgrid.h"
 #include "ui/qtext.h"
 #include "ui/scout.h"
 #include "ui/squadscreen.h"
@@ -268,6 +271,24 @@ int renderSnapshots(const std::filesystem::path& gameFolder, const std::filesyst
     // The club's honours, when the game folder has a Stats database.
     if (std::unique_ptr<HonoursDialog> honours(HonoursDialog::create(&window, controller)); honours)
         shoot(honours.get(), "Honours.png");
+    // The pitch grid after an Auto Turn for every club, By Best Blend when
+    // there is a Stats database, its blend read; the clubs' orders are put
+    // back afterwards and nothing is saved.
+    auto* autoTurn = qobject_cast<AutoTurnScreen*>(window.screen("AutoTurn"));
+    auto* grid = qobject_cast<PitchGridScreen*>(window.screen("PitchGrid"));
+    if (autoTurn && grid && controller.hasClubs()) {
+        const std::vector<Club> before = controller.session().Clubs;
+        window.showScreen("AutoTurn");
+        const char* method = statsDatabaseExists(controller.session()) ? "optPick3" : "optPick0";
+        autoTurn->findChild<QRadioButton*>(method)->click();
+        runAutoTurn(controller.session(), autoTurn->options(), messages, defaultRandomSource(7));
+        controller.selectClub(0);
+        window.showScreen("PitchGrid");
+        grid->findChild<QPushButton*>("btnBlend")->click();
+        save(window, "PitchGrid-AutoTurn.png");
+        controller.session().Clubs = before;
+        controller.selectClub(0);
+    }
     window.hide();
     return failures == 0 ? 0 : 1;
 }
