@@ -5,6 +5,7 @@
 #include <iterator>
 #include <span>
 #include <string_view>
+#include <thread>
 
 #include "core/errors.h"
 #include "core/gamefolder.h"
@@ -18,7 +19,7 @@ bool isHeader(std::string_view line) { return startsWith(line, "EXPORT FOR"); }
 
 class Reader {
 public:
-    explicit Reader(ClubExport::Storage& st) : st_(st) {}
+    Reader(std::string& text, std::vector<std::unique_ptr<char[]>>& joined) : text_(text), joined_(joined) {}
 
     // Fills the player in field order. The file has no tolerance rules: a
     // field that is missing or won't read leaves it and the remaining fields
@@ -78,11 +79,11 @@ private:
         bool single = true;
         for (size_t k = 1; k < w.size() && single; ++k)
             single = w[k].data() == w[k - 1].data() + w[k - 1].size() + 1;
-        const size_t first = size_t(w.front().data() - st_.text.data());
-        const size_t end = size_t(w.back().data() - st_.text.data()) + w.back().size();
-        if (single && (!blankBehind || end < st_.text.size())) {
-            if (blankBehind) st_.text[end] = ' ';
-            return std::string_view(st_.text).substr(first, end - first + blankBehind);
+        const size_t first = size_t(w.front().data() - text_.data());
+        const size_t end = size_t(w.back().data() - text_.data()) + w.back().size();
+        if (single && (!blankBehind || end < text_.size())) {
+            if (blankBehind) text_[end] = ' ';
+            return std::string_view(text_).substr(first, end - first + blankBehind);
         }
         size_t size = w.size() - 1 + blankBehind;
         for (std::string_view word : w) size += word.size();
@@ -99,8 +100,8 @@ private:
     char* room(size_t size) {
         if (size > left_) {
             const size_t chunk = std::max<size_t>(size, 4096);
-            st_.joined.push_back(std::make_unique_for_overwrite<char[]>(chunk));
-            next_ = st_.joined.back().get();
+            joined_.push_back(std::make_unique_for_overwrite<char[]>(chunk));
+            next_ = joined_.back().get();
             left_ = chunk;
         }
         char* out = next_;
@@ -109,11 +110,71 @@ private:
         return out;
     }
 
-    ClubExport::Storage& st_;
+    std::string& text_;  // the file's bytes; only bytes of the lines read are written
+    std::vector<std::unique_ptr<char[]>>& joined_;
     std::vector<std::string_view> t_;  // the tokens of a line, room reused from line to line
     char* next_ = nullptr;
     size_t left_ = 0;
 };
+
+}  // namespace
+
+namespace {
+
+// The clubs of one stretch of the file, read by a reader of its own.
+struct Stretch {
+    std::vector<ExportPlayer> players;
+    std::vector<size_t> firstPlayer;
+    std::vector<std::string_view> names;
+    std::vector<std::unique_ptr<char[]>> joined;
+};
+
+// `first` tells whether the stretch starts with the file's title line; any
+// other stretch starts at a club header.
+void readStretch(ClubExport::Storage& st, std::string_view text, bool first, Stretch& out) {
+    Reader reader(st.text, out.joined);
+    size_t lineCount = 1;
+    for (const char* at = text.data(), *end = text.data() + text.size();
+         (at = static_cast<const char*>(std::memchr(at, '\n', size_t(end - at)))); ++at)
+        ++lineCount;
+    out.players.reserve(lineCount);
+
+    LineWalker lines(text);
+    std::string_view line;
+    // The first line is a title; player lines before the first header
+    // belong to no club of the game and are passed over.
+    if (first) lines.next(line);
+    while (lines.next(line)) {
+        if (isHeader(line)) {
+            out.names.push_back(line.size() > 11 ? line.substr(11) : std::string_view());
+            out.firstPlayer.push_back(out.players.size());
+            // The line after a header is its column headings; the one after
+            // that is the first player, whatever it holds.
+            if (!lines.next(line) || !lines.next(line)) break;
+            reader.readPlayer(line, out.players.emplace_back());
+        } else if (!out.names.empty()) {
+            reader.readPlayer(line, out.players.emplace_back());
+        }
+    }
+}
+
+// Where the second half of a large file begins: a club header at or after
+// its middle that no header of the two lines before it takes as its headings
+// or first player; the end when there is none or the file is small.
+size_t secondHalf(std::string_view text) {
+    constexpr size_t kWorthSplitting = 256 * 1024;
+    if (text.size() < kWorthSplitting) return text.size();
+    auto lineBefore = [&](size_t start) {
+        const size_t from = start < 2 ? 0 : text.rfind('\n', start - 2);
+        return text.substr(from == std::string_view::npos || start < 2 ? 0 : from + 1);
+    };
+    for (size_t at = text.find("\nEXPORT FOR", text.size() / 2); at != std::string_view::npos;
+         at = text.find("\nEXPORT FOR", at + 1)) {
+        const std::string_view one = lineBefore(at + 1), two = lineBefore(size_t(one.data() - text.data()));
+        if (one.data() != text.data() && !isHeader(one) && !isHeader(two)) return at + 1;
+    }
+    return text.size();
+}
 
 }  // namespace
 
@@ -122,33 +183,29 @@ ClubExport readClubExport(std::string bytes, const std::string&) {
     // short string's bytes move with it.
     auto st = std::make_shared<ClubExport::Storage>();
     st->text = std::move(bytes);
-    Reader reader(*st);
-    // A player is a line: room for as many as there are lines.
-    size_t lineCount = 1;
-    const char* const end = st->text.data() + st->text.size();
-    for (const char* at = st->text.data(); (at = static_cast<const char*>(std::memchr(at, '\n', size_t(end - at))));
-         ++at)
-        ++lineCount;
-    st->players.reserve(lineCount);
+    const std::string_view text(st->text);
+    // A large export is read in two halves at once, split at a club header;
+    // each half writes only bytes of its own lines.
+    const size_t split = secondHalf(text);
+    std::array<Stretch, 2> halves;
+    if (split < text.size()) {
+        std::thread second([&] { readStretch(*st, text.substr(split), false, halves[1]); });
+        readStretch(*st, text.substr(0, split), true, halves[0]);
+        second.join();
+    } else {
+        readStretch(*st, text, true, halves[0]);
+    }
+
+    st->players.reserve(halves[0].players.size() + halves[1].players.size());
     std::vector<size_t> firstPlayer;
     std::vector<std::string_view> names;
-
-    LineWalker lines(st->text);
-    std::string_view line;
-    // The first line is a title; player lines before the first header
-    // belong to no club of the game and are passed over.
-    lines.next(line);
-    while (lines.next(line)) {
-        if (isHeader(line)) {
-            names.push_back(line.size() > 11 ? line.substr(11) : std::string_view());
-            firstPlayer.push_back(st->players.size());
-            // The line after a header is its column headings; the one after
-            // that is the first player, whatever it holds.
-            if (!lines.next(line) || !lines.next(line)) break;
-            reader.readPlayer(line, st->players.emplace_back());
-        } else if (!names.empty()) {
-            reader.readPlayer(line, st->players.emplace_back());
+    for (Stretch& h : halves) {
+        for (size_t c = 0; c < h.names.size(); ++c) {
+            names.push_back(h.names[c]);
+            firstPlayer.push_back(st->players.size() + h.firstPlayer[c]);
         }
+        st->players.insert(st->players.end(), h.players.begin(), h.players.end());
+        for (auto& chunk : h.joined) st->joined.push_back(std::move(chunk));
     }
     // Every player is in place, so the clubs' spans can be taken.
     st->clubs.reserve(names.size());

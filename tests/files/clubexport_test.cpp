@@ -221,3 +221,46 @@ TEST(ClubExport, AnUnreadableExportIsToldInItsPlaceAmongTheLoadsProblems) {
     EXPECT_TRUE(s.LoadProblems[1].starts_with("The club export ")) << s.LoadProblems[1];
     EXPECT_TRUE(s.LoadProblems[2].starts_with("The managers list ")) << s.LoadProblems[2];
 }
+
+TEST(ClubExport, ALargeFileReadsAsASmallOneWouldWhereverItsMiddleFalls) {
+    // Past a quarter of a megabyte the file is read in two halves; a club
+    // whose headings and first player look like headers must not be cut.
+    struct Case {
+        const char* name;
+        std::function<std::vector<std::string>(int)> club;  // the lines of club n, header first
+        std::function<std::vector<std::string>(int)> players;
+    } cases[] = {
+        {"plain clubs",
+         [](int n) {
+             std::vector<std::string> l = {"EXPORT FOR Club " + std::to_string(n), "Name - Age Pos"};
+             for (int p = 0; p < 5; ++p) l.push_back("Player " + std::to_string(n * 5 + p) + " - 24 DEFC 120 2");
+             return l;
+         },
+         [](int n) {
+             std::vector<std::string> names;
+             for (int p = 0; p < 5; ++p) names.push_back("Player " + std::to_string(n * 5 + p));
+             return names;
+         }},
+        {"headers in the headings and first player's places",
+         [](int n) {
+             return std::vector<std::string>{"EXPORT FOR Club " + std::to_string(n), "EXPORT FOR Headings",
+                                             "EXPORT FOR First " + std::to_string(n), "Last " + std::to_string(n) + " - 30"};
+         },
+         [](int n) { return std::vector<std::string>{"EXPORT FOR First " + std::to_string(n), "Last " + std::to_string(n)}; }},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        constexpr int kClubs = 9000;
+        std::vector<std::string> lines = {"CLUB SQUADS"};
+        for (int n = 0; n < kClubs; ++n)
+            for (std::string& l : c.club(n)) lines.push_back(std::move(l));
+        const ClubExport clubs = read(lines);
+        ASSERT_EQ(clubs.size(), size_t(kClubs));
+        for (int n = 0; n < kClubs; ++n) {
+            std::vector<std::string> names;
+            for (const ExportPlayer& p : clubs[size_t(n)].Players) names.emplace_back(p.Name);
+            ASSERT_EQ(clubs[size_t(n)].Name, "Club " + std::to_string(n));
+            ASSERT_EQ(names, c.players(n)) << "club " << n;
+        }
+    }
+}
