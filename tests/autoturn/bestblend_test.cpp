@@ -36,19 +36,9 @@ Club squad() {
 }
 
 void addSide(stats::StatsStore& s, int64_t code, const std::string& club, const Match& m) {
-    stats::StatsStore::TeamRow t;
-    t.club = club;
-    t.venue = "H";
-    t.startFormation = m.start;
-    t.endFormation = m.end;
-    std::copy(m.blends.begin(), m.blends.end(), t.blends);
-    s.addMatchTeam(code, t);
-    for (size_t i = 0; i < m.shirts.size(); ++i) {
-        std::vector<stats::Opt> figures(21);
-        figures[1] = int64_t(i + 1);  // Number
-        figures[16] = m.timeSub[i];   // TimeSub
-        s.addMatchPlayer(code, club, reportedName(m.shirts[i]), figures);
-    }
+    std::vector<std::string> names;
+    for (int n : m.shirts) names.push_back(reportedName(n));
+    test::addSide(s, code, club, m.start, m.end, m.blends, names, {m.timeSub.begin(), m.timeSub.end()});
 }
 
 // The club's side, and an opponent fielding the same names in other shirts

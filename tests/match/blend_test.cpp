@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "stats/reading.h"
+#include "stats/statsdb.h"
 #include "stats/store.h"
 #include "support/testsupport.h"
 
@@ -33,19 +34,10 @@ std::vector<Row> shirts(std::vector<std::string> names) {
 void store(SQLite::Database& db, const StoredMatch& m, int attendance) {
     stats::StatsStore s(db, m.date);
     const int64_t code = *s.addMatchMain(attendance, 2, 51, m.club, "OPPO");
-    stats::StatsStore::TeamRow t;
-    t.club = m.club;
-    t.venue = "H";
-    t.startFormation = m.start;
-    t.endFormation = m.end;
-    std::copy(m.blends.begin(), m.blends.end(), t.blends);
-    s.addMatchTeam(code, t);
-    for (size_t i = 0; i < m.rows.size(); ++i) {
-        std::vector<stats::Opt> figures(21);
-        figures[1] = int64_t(i + 1);         // Number
-        figures[16] = m.rows[i].timeSub;     // TimeSub
-        s.addMatchPlayer(code, m.club, m.rows[i].name, figures);
-    }
+    std::vector<std::string> names;
+    std::vector<int> times;
+    for (const Row& r : m.rows) names.push_back(r.name), times.push_back(r.timeSub);
+    test::addSide(s, code, m.club, m.start, m.end, m.blends, names, times);
 }
 
 BlendLineUp lineUp(int d, int m, int a, std::vector<std::string> names) {
