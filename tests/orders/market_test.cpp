@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-
 #include "core/text.h"
 #include "files/turnsheet.h"
 #include "orders/market.h"
@@ -16,23 +15,9 @@ namespace {
 // A player of another club as the club export gives him.
 ExportPlayer exported(int32_t min, const char* max, const char* sign = "4", int16_t loan = 0,
                       const char* loanClub = "", const char* managed = "N") {
-    ExportPlayer p;
-    p.Name = "Rik Stone";
-    p.Age = "24";
-    p.Position = "MIDC";
-    p.TotalSkill = "81";
-    p.Sign = sign;
-    p.Played = "12";
-    p.Perf = "64";
-    p.Goals = "3";
-    p.MinValue = min;
-    p.MaxValue = max;
-    p.Portrait = {1, 2, 3, 4, 5, 6, 7};
-    p.Colours = "Red White";
-    p.Loan = loan;
-    p.LoanClub = loanClub;
-    p.Managed = managed;
-    return p;
+    return {.Name = "Rik Stone", .Age = "24", .Position = "MIDC", .TotalSkill = "81", .Sign = sign, .Played = "12",
+            .Perf = "64", .Goals = "3", .MinValue = min, .MaxValue = max, .Portrait = {1, 2, 3, 4, 5, 6, 7},
+            .Colours = "Red White", .Loan = loan, .LoanClub = loanClub, .Managed = managed};
 }
 
 // The click on a player row of the Scout screen, club "Dale Rovers" selected.
@@ -71,146 +56,124 @@ TEST(Market, RowClickSetsTheBidBoxes) {
     }
 }
 
-TEST(Market, BidChecksInTheirOrder) {
-    const ExportPlayer p = exported(1000000, "2000000");
-    const std::vector<Movement> fourActions(4, slot(4, "Ann Lee"));
-    std::vector<Movement> twoBids = {slot(1, "A", "X", 1, 6), slot(7, "B", "Y", 1, 4)};
-    std::vector<Movement> sixActions(6, slot(4, "Ann Lee"));
+// Bids and loan approaches: their checks in the game's order, and what an accepted one stores.
+TEST(Market, BidAndLoanChecksInTheirOrder) {
+    const std::vector<Movement> fourActions(4, slot(4, "Ann Lee")), sixActions(6, slot(4, "Ann Lee"));
     std::vector<Movement> fourAndTwo = fourActions;
-    fourAndTwo.insert(fourAndTwo.end(), twoBids.begin(), twoBids.end());
-    const MarketPick row = scoutPick(p);
+    fourAndTwo.push_back(slot(1, "A", "X", 1, 6));
+    fourAndTwo.push_back(slot(7, "B", "Y", 1, 4));
     const char* limits = "Amount is under or over the limits for this player";
     const char* between = "The bid must be between 1000000 and 2000000 for this player";
+    const char* loanLength = "Loan length must be between 4 and 12 weeks";
+    const char* maxBids = "You only have a limit of 2 bids or loans per week";
     // How the screen stands: the Scout screen with or without a club or a row,
     // the search screen on a player's row or on "No Results".
     enum Pick { Row, NoClub, NoRow, SearchRow, NoResults };
-    auto pickOf = [&](Pick k) -> MarketPick {
-        switch (k) {
-            case NoClub: return {MarketScreen::Scout, false, row.Row};
-            case NoRow: return {MarketScreen::Scout, true, std::nullopt};
-            case SearchRow: return {MarketScreen::Search, false, row.Row};
-            case NoResults:
-                return {MarketScreen::Search, false,
-                        selectRow(MarketScreen::Search, std::vector<std::string>{"No Results"})};
-            default: return row;
-        }
-    };
+    const std::vector<std::string> noResults = {"No Results"};
     struct Case {
         const char* what;
+        bool loan;
         Pick pick;
         std::vector<Movement> existing;
+        const char* sign;
         const char* amount;
-        const char* contract;
-        const char* title;  // nullptr: accepted
+        const char* contract;  // months for a bid, weeks for a loan
+        const char* after;     // the amount box afterwards; nullptr: as typed
+        const char* title;     // nullptr: accepted
         std::string text;
     } cases[] = {
-        {"no club", NoClub, {}, "1", "7", "No club selected", "Please select a club and player before bidding"},
-        {"no row", NoRow, fourAndTwo, "1", "7", "No player selected", "Please select a player to bid for"},
-        {"two bids before the slots", Row, fourAndTwo, "1", "7", "Maximum bids reached",
-         "You only have a limit of 2 bids or loans per week"},
-        {"one under", Row, {}, "999999", "12", limits, between},
-        {"one over", Row, {}, "2000001", "12", limits, between},
-        {"the minimum", Row, {}, "1000000", "12", nullptr, ""},
-        {"the maximum", Row, {}, "2000000", "24", nullptr, ""},
-        {"contract", Row, {}, "1000000", "7", "Incorrect contract value",
+        {"bid, no club", false, NoClub, {}, "3", "1", "7", nullptr, "No club selected",
+         "Please select a club and player before bidding"},
+        {"bid, no row", false, NoRow, fourAndTwo, "3", "1", "7", nullptr, "No player selected",
+         "Please select a player to bid for"},
+        {"bid, two bids before the slots", false, Row, fourAndTwo, "3", "1", "7", nullptr, "Maximum bids reached",
+         maxBids},
+        {"bid, one under", false, Row, {}, "3", "999999", "12", nullptr, limits, between},
+        {"bid, one over", false, Row, {}, "3", "2000001", "12", nullptr, limits, between},
+        {"bid, the minimum", false, Row, {}, "3", "1000000", "12", nullptr, nullptr, ""},
+        {"bid, the maximum", false, Row, {}, "3", "2000000", "24", nullptr, nullptr, ""},
+        {"bid, contract", false, Row, {}, "3", "1000000", "7", nullptr, "Incorrect contract value",
          "Contracts must be either 6, 12, 18 or 24 months"},
-        {"slots full", Row, sixActions, "1500000", "6", "Invalid bid", kFull},
-        {"search has no club step", SearchRow, fourActions, "1500000", "18", nullptr, ""},
-        {"the no results row", NoResults, {}, "0", "6", limits, "The bid must be between  and  for this player"},
+        {"bid, slots full", false, Row, sixActions, "3", "1500000", "6", nullptr, "Invalid bid", kFull},
+        {"bid, search has no club step", false, SearchRow, fourActions, "3", "1500000", "18", nullptr, nullptr, ""},
+        {"bid, the no results row", false, NoResults, {}, "3", "0", "6", nullptr, limits,
+         "The bid must be between  and  for this player"},
+        {"loan, no club", true, NoClub, fourAndTwo, "3", "7", "4", nullptr, "No club selected",
+         "Please select a club and player before attempting to loan"},
+        {"loan, no row", true, NoRow, fourAndTwo, "3", "7", "4", nullptr, "No player selected",
+         "Please select a player to approach for loan"},
+        {"loan, two bids", true, Row, fourAndTwo, "3", "7", "4", nullptr, "Maximum bids reached", maxBids},
+        {"loan, sign 2", true, Row, {}, "2", "7", "4", nullptr, "Invalid loan approach",
+         "You can only attempt to loan players with a Sign figure of 3 or more"},
+        {"loan, 3 weeks", true, Row, {}, "3", "7", "3", nullptr, "Incorrect loan contract value", loanLength},
+        {"loan, 13 weeks", true, Row, {}, "3", "7", "13", nullptr, "Incorrect loan contract value", loanLength},
+        // MaxValue 2000000: an incentive limit of 400000, whose share is the fee.
+        {"loan, 4 weeks, a quarter", true, Row, {}, "3", "7", "4", "100000", nullptr, ""},
+        {"loan, 12 weeks, all", true, Row, {}, "9", "7", "12", "400000", nullptr, ""},
+        {"loan, 5 weeks", true, Row, {}, "3", "7", "5", "137500", nullptr, ""},
+        // The fee is shown even when no slot is free.
+        {"loan, slots full", true, Row, sixActions, "3", "7", "8", "250000", "Invalid loan approach", kFull},
     };
     for (const Case& c : cases) {
+        const MarketPick row = scoutPick(exported(1000000, "2000000", c.sign));
+        MarketPick pick = row;
+        if (c.pick == NoClub) pick.ClubSelected = false;
+        if (c.pick == NoRow) pick.Row.reset();
+        if (c.pick == SearchRow) pick = {MarketScreen::Search, false, row.Row};
+        if (c.pick == NoResults) pick = {MarketScreen::Search, false, selectRow(MarketScreen::Search, noResults)};
         Club club = squadClub();
         std::copy(c.existing.begin(), c.existing.end(), club.Movements.begin());
+        club.Movements[c.existing.size() % 6].Incentive = 77;  // a loan leaves it as it stood
         const Club before = club;
         RecordingMessages m;
-        const OrderResult r = cmdBid(club, pickOf(c.pick), {c.amount, c.contract, "2500"}, m);
+        BidBoxes boxes{c.amount, c.contract, "2500"};
+        const OrderResult r = c.loan ? cmdLoan(club, pick, boxes, m) : cmdBid(club, pick, boxes, m);
+        const std::string fee = c.after ? c.after : c.amount;
+        EXPECT_EQ(boxes.Amount, fee) << c.what;
+        EXPECT_TRUE(m.entries.empty()) << c.what;
         if (c.title) {
             test::expectRefused(r, c.title, c.text, club, before, c.what);
             continue;
         }
         ASSERT_TRUE(r.accepted) << c.what << ": " << r.text;
-        const int at = int(c.existing.size());
-        EXPECT_EQ(club.Movements[size_t(at)],
-                  slot(1, "Rik Stone", "Dale Rovers", int32_t(val(c.amount)), int32_t(val(c.contract)), 2500))
+        EXPECT_EQ(club.Movements[c.existing.size()], slot(c.loan ? 7 : 1, "Rik Stone", "Dale Rovers", int32_t(val(fee)),
+                                                          int32_t(val(c.contract)), c.loan ? 77 : 2500))
             << c.what;
-        EXPECT_EQ(r.line, "Dale Rovers - Rik Stone Fee " + std::string(c.amount) + ", Contract " + c.contract +
-                              ", Incentive 2500")
+        EXPECT_EQ(r.line, "Dale Rovers - Rik Stone Fee " + fee +
+                              (c.loan ? ", " + std::string(c.contract) + " week loan"
+                                      : ", Contract " + std::string(c.contract) + ", Incentive 2500"))
             << c.what;
-        EXPECT_TRUE(m.entries.empty()) << c.what;
     }
 }
 
-TEST(Market, LoanChecksAndFee) {
-    struct Case {
-        const char* what;
-        const char* sign;
-        std::vector<Movement> existing;
-        const char* weeks;
-        const char* title;  // nullptr: accepted
-        std::string text;
-        const char* amountAfter;
-    } cases[] = {
-        {"sign 2", "2", {}, "4", "Invalid loan approach",
-         "You can only attempt to loan players with a Sign figure of 3 or more", "7"},
-        {"3 weeks", "3", {}, "3", "Incorrect loan contract value", "Loan length must be between 4 and 12 weeks", "7"},
-        {"13 weeks", "3", {}, "13", "Incorrect loan contract value", "Loan length must be between 4 and 12 weeks", "7"},
-        {"4 weeks, a quarter", "3", {}, "4", nullptr, "", "100000"},
-        {"12 weeks, all", "9", {}, "12", nullptr, "", "400000"},
-        {"5 weeks", "3", {}, "5", nullptr, "", "137500"},
-        // The fee is shown even when no slot is free.
-        {"slots full", "3", std::vector<Movement>(6, slot(4, "Ann Lee")), "8", "Invalid loan approach", kFull,
-         "250000"},
-    };
-    for (const Case& c : cases) {
-        Club club = squadClub();
-        std::copy(c.existing.begin(), c.existing.end(), club.Movements.begin());
-        club.Movements[size_t(c.existing.size()) % 6].Incentive = 77;  // a loan leaves it as it stood
-        const Club before = club;
-        RecordingMessages m;
-        BidBoxes boxes{"7", c.weeks, "2500"};
-        // MaxValue 2000000: an incentive limit of 400000.
-        const OrderResult r = cmdLoan(club, scoutPick(exported(1000000, "2000000", c.sign)), boxes, m);
-        EXPECT_EQ(boxes.Amount, c.amountAfter) << c.what;
-        if (c.title) {
-            test::expectRefused(r, c.title, c.text, club, before, c.what);
-            continue;
-        }
-        ASSERT_TRUE(r.accepted) << c.what;
-        Movement want = slot(7, "Rik Stone", "Dale Rovers", int32_t(val(c.amountAfter)), int32_t(val(c.weeks)), 77);
-        EXPECT_EQ(club.Movements[0], want) << c.what;
-        EXPECT_EQ(r.line, "Dale Rovers - Rik Stone Fee " + std::string(c.amountAfter) + ", " + c.weeks + " week loan");
-    }
+// The warnings repeat at each attempt; what the Turnsheet writer saves of a bid, a loan and a scout action.
+TEST(Market, WarningsRepeatAndTheOrdersReachTheTurnsheet) {
     Club club = squadClub();
-    club.Movements[0] = slot(1, "A", "X", 1, 6);
-    club.Movements[1] = slot(7, "B", "X", 1, 4);
-    const Club before = club;
+    club.Scout = 3;
     RecordingMessages m;
-    BidBoxes boxes{"1", "4", ""};
-    const MarketPick row = scoutPick(exported(1, "2", "5"));
-    test::expectRefused(cmdLoan(club, {MarketScreen::Scout, false, row.Row}, boxes, m), "No club selected",
-                        "Please select a club and player before attempting to loan", club, before);
-    test::expectRefused(cmdLoan(club, {MarketScreen::Scout, true, {}}, boxes, m), "No player selected",
-                        "Please select a player to approach for loan", club, before);
-    test::expectRefused(cmdLoan(club, row, boxes, m), "Maximum bids reached",
-                        "You only have a limit of 2 bids or loans per week", club, before);
-    EXPECT_EQ(loanFee("4", 500000), 125000);
-    EXPECT_EQ(loanFee("12", 500000), 500000);
-}
-
-TEST(Market, WarningsGoOnAndRepeatAtEachAttempt) {
-    Club club = squadClub();
-    RecordingMessages m;
-    const MarketPick pick = scoutPick(exported(1000, "2000", "4", 1, "Port Vale", "Y"));
-    ASSERT_TRUE(cmdBid(club, pick, {"1000", "6", "0"}, m));
-    BidBoxes boxes{"", "4", ""};
-    ASSERT_TRUE(cmdLoan(club, pick, boxes, m));
+    const MarketPick pick = scoutPick(exported(1000, "2000", "5", 1, "Port Vale", "Y"));
+    ASSERT_TRUE(cmdBid(club, pick, {"1500", "18", "300"}, m));
+    BidBoxes loan{"", "12", ""};
+    ASSERT_TRUE(cmdLoan(club, pick, loan, m));
+    ASSERT_TRUE(cmdScout(club, pick, true, {}, m));
     const std::vector<std::string> twice = {"Warn|Warning|Careful. This player is from a managed team",
                                             "Warn|Warning|Warning. This player is on loan for 1 more weeks from Port Vale"};
     std::vector<std::string> want = twice;
     want.insert(want.end(), twice.begin(), twice.end());
     EXPECT_EQ(test::shown(m), want);
-}
 
+    const std::string text = turnsheetText(club);
+    auto move = [](const char* code, const char* fee, const char* incentive, const char* contract) {
+        return std::string("PlayerMove:\r\n ") + code + " \r\nPlayerMovement:\r\nRik Stone\r\nPlayerClubMovement:\r\n" +
+               "Dale Rovers\r\nPlayerFeeMovement:\r\n " + fee + " \r\nPlayerIncentiveMovement:\r\n " + incentive +
+               " \r\nPlayerContractsMovement:\r\n " + contract + " \r\n";
+    };
+    EXPECT_NE(text.find(move("1", "1500", "300", "18") + move("7", "400", "0", "12")), std::string::npos) << text;
+    EXPECT_NE(text.find("PlayerScout:\r\nRik Stone\r\nClubScout:\r\nDale Rovers\r\nScoutAgg:\r\nAggressive\r\n"
+                        "PlayerScout:\r\n\r\nClubScout:\r\n\r\nScoutAgg:\r\n\r\n"),
+              std::string::npos)
+        << text;
+}
 TEST(Market, RemovingABidOrScoutReadsItsLineBack) {
     Club club = squadClub();
     club.Movements[0] = slot(1, "Rik Stone", "Dale Rovers", 1000, 12, 0);
@@ -286,27 +249,3 @@ TEST(Market, ScoutLimitByDepartmentLevelAndTheQuestion) {
     }
 }
 
-// What the Turnsheet writer saves of a bid, a loan approach and a scout action.
-TEST(Market, OrdersReachTheTurnsheet) {
-    Club club = squadClub();
-    club.Scout = 3;
-    RecordingMessages m;
-    const MarketPick pick = scoutPick(exported(1000, "2000", "5"));
-    ASSERT_TRUE(cmdBid(club, pick, {"1500", "18", "300"}, m));
-    BidBoxes loan{"", "12", ""};
-    ASSERT_TRUE(cmdLoan(club, pick, loan, m));
-    ASSERT_TRUE(cmdScout(club, pick, true, {}, m));
-    const std::string text = turnsheetText(club);
-    auto move = [](const char* code, const char* fee, const char* incentive, const char* contract) {
-        return std::string("PlayerMove:\r\n ") + code + " \r\nPlayerMovement:\r\nRik Stone\r\nPlayerClubMovement:\r\n" +
-               "Dale Rovers\r\nPlayerFeeMovement:\r\n " + fee + " \r\nPlayerIncentiveMovement:\r\n " + incentive +
-               " \r\nPlayerContractsMovement:\r\n " + contract + " \r\n";
-    };
-    EXPECT_NE(text.find(move("1", "1500", "300", "18") + move("7", "400", "0", "12")),
-              std::string::npos)
-        << text;
-    EXPECT_NE(text.find("PlayerScout:\r\nRik Stone\r\nClubScout:\r\nDale Rovers\r\nScoutAgg:\r\nAggressive\r\n"
-                        "PlayerScout:\r\n\r\nClubScout:\r\n\r\nScoutAgg:\r\n\r\n"),
-              std::string::npos)
-        << text;
-}
