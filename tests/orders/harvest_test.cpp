@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <map>
 
 #include "core/errors.h"
 #include "core/gamefolder.h"
@@ -40,9 +41,7 @@ struct Sheet {
                                        "Kestrel Rovers - pat@example.org (Pat Quinn)\r\n");
     }
     void harvest() { harvestReports(s, messages); }
-    std::string file(const char* name) const {
-        return fs::exists(dir.path() / name) ? dir.read(name) : std::string();
-    }
+    std::string file(const char* name) const { return fs::exists(dir.path() / name) ? dir.read(name) : std::string(); }
 };
 
 std::string int16le(int v) { return {char(v & 0xFF), char((v >> 8) & 0xFF)}; }
@@ -54,114 +53,93 @@ std::string hst(const std::string& name, const char* pos, char result, const cha
 }  // namespace
 
 TEST(Harvest, EachKindOfLineGivesItsMemoAndRecords) {
-    const std::string to = "Pat Quinn manager";
     struct Case {
         const char* what;
         Lines report;
-        std::vector<std::pair<std::string, std::string>> memos;  // From, Text
+        // Each line's memo by its sender: C coaching department, P physio department, S club scout,
+        // F first team coach, - none. A memo's text is its line.
+        std::string senders;
         std::string history;
     } cases[] = {
-        {"a success", {"K. Swales (DEFR) increases his CO skill to 7"},
-         {{"Coaching department", "K. Swales (DEFR) increases his CO skill to 7"}},
-         hst("K. Swales", "DEFR", 'Y', "CO", 7)},
+        {"a success", {"K. Swales (DEFR) increases his CO skill to 7"}, "C", hst("K. Swales", "DEFR", 'Y', "CO", 7)},
         {"a failure carries the last success's value",
          {"K. Swales (DEFR) increases his CO skill to 12", "Attempt to coach N. Bailey (STRC) in PA was unsuccessful",
           "Attempt to coach Al Fry (MIDC) in FL failed - potential reached"},
-         {{"Coaching department", "K. Swales (DEFR) increases his CO skill to 12"},
-          {"Coaching department", "Attempt to coach N. Bailey (STRC) in PA was unsuccessful"},
-          {"Coaching department", "Attempt to coach Al Fry (MIDC) in FL failed - potential reached"}},
+         "CCC",
          hst("K. Swales", "DEFR", 'Y', "CO", 12) + hst("N. Bailey", "STRC", 'N', "PA", 12) +
              hst("Al Fry", "MIDC", 'P', "FL", 12)},
-        {"an attempt without a bracket writes nothing",
-         {"Attempt to coach nobody in particular"},
-         {{"Coaching department", "Attempt to coach nobody in particular"}},
-         ""},
+        {"an attempt without a bracket writes nothing", {"Attempt to coach nobody in particular"}, "C", ""},
+        // The value is read behind the first " to ", which is the attempt's.
         {"a line with both words gives two records",
-         {"Attempt to coach Bo Lund (DEFL) in TA went well: Bo Lund (DEFL) increases his TA skill to 9"},
-         {{"Coaching department",
-           "Attempt to coach Bo Lund (DEFL) in TA went well: Bo Lund (DEFL) increases his TA skill to 9"}},
-         // The value is read behind the first " to ", which is the attempt's.
+         {"Attempt to coach Bo Lund (DEFL) in TA went well: Bo Lund (DEFL) increases his TA skill to 9"}, "C",
          hst("Bo Lund", "DEFL", 'N', "TA", 0) + hst("Attempt to coach Bo Lund", "DEFL", 'Y', "TA", 0)},
         {"physio, injury and the club scout",
          {"T. Goodall was treated with 3 physio points", "A. Priestley will be unable to play for 6 weeks",
           "Your player Cy Oak was scouted this week by Ashby Town"},
-         {{"Physio department", "T. Goodall was treated with 3 physio points"},
-          {"Physio department", "A. Priestley will be unable to play for 6 weeks"},
-          {"Club Scout", "Your player Cy Oak was scouted this week by Ashby Town"}},
-         ""},
+         "PPS", ""},
         {"the first team coach's words in any case, and anything else",
-         {"Wants a new POSITION", "The squad is UNHAPPY", "A rousing speech", "The coach has a cold"},
-         {{"First team coach", "Wants a new POSITION"},
-          {"First team coach", "The squad is UNHAPPY"},
-          {"First team coach", "A rousing speech"},
-          {"First team coach", "The coach has a cold"}},
-         ""},
+         {"Wants a new POSITION", "The squad is UNHAPPY", "A rousing speech", "The coach has a cold"}, "FFFF", ""},
         {"ignored, blank and booked lines",
          {"The club paid 5000 in wages", "Bonus money of 500", "TRAINING GROUND", "   ", "",
           "Ray Dale was BOOKED in the reserves", "Ashby Town versus Kestrel Rovers in the Cup",
           "Match to be played at Home Park", "Club's are exempt from tax"},
-         {},
-         ""},
+         "---------", ""},
         {"a match report is passed over to four lines after its second man of the match",
          {"Home shots On/Off 3/4   Away shots On/Off 2/2", "Result : 1 1", "MAN OF THE MATCH : Al Fry",
           " 12 mins : a dull game", " 90 mins : Full time", "MAN OF THE MATCH : Al Fry", "Attendance", "Referee",
           "Gate", "Weather", "The coach has a cold"},
-         {{"First team coach", "The coach has a cold"}},
-         ""},
+         "----------F", ""},
     };
+    const std::map<char, std::string> sender = {
+        {'C', "Coaching department"}, {'P', "Physio department"}, {'S', "Club Scout"}, {'F', "First team coach"}};
     for (const Case& c : cases) {
+        ASSERT_EQ(c.senders.size(), c.report.size()) << c.what;
+        std::vector<Memo> want;
+        std::string ticker = std::string(90, ' ') + "Kestrel Rovers:     ";
+        for (size_t i = 0; i < c.report.size(); ++i) {
+            if (c.senders[i] == '-') continue;
+            want.push_back({"Pat Quinn manager", sender.at(c.senders[i]), c.report[i]});
+            ticker += c.report[i] + "     ";
+        }
         Sheet sheet(c.report);
         sheet.harvest();
-        std::vector<std::pair<std::string, std::string>> memos;
-        std::string ticker(90, ' ');
-        ticker += "Kestrel Rovers:     ";
-        for (const Memo& m : sheet.s.Memos) {
-            EXPECT_EQ(m.To, to) << c.what;
-            memos.emplace_back(m.From, m.Text);
-            ticker += m.Text + "     ";
-        }
-        EXPECT_EQ(memos, c.memos) << c.what;
+        EXPECT_EQ(sheet.s.Memos, want) << c.what;
         EXPECT_EQ(sheet.s.TickerText, ticker) << c.what;
-        EXPECT_EQ(sheet.s.MemoShown, c.memos.empty() ? 0 : 1) << c.what;
+        EXPECT_EQ(sheet.s.MemoShown, want.empty() ? 0 : 1) << c.what;
         EXPECT_EQ(sheet.file("0042HST.TXT"), c.history) << c.what;
         EXPECT_TRUE(sheet.messages.entries.empty()) << c.what;
     }
 }
 
-TEST(Harvest, ScoutReportBecomesOneRecordOfEveryField) {
-    Sheet sheet({"Dan Eccles (MIDL) Ashby Town was scouted by your scout this week",
-                 "AGE 27 TS 112 ELEVEN MAIN SKILLS : 12 13  9 10 11 14 8 7 6 5 15",
-                 "POTENTIAL 145 PERF 63 GLS 4 TL FIGURE 21 SIGNING FIGURE 17 VALUE 412500.5 International? Y "
-                 "Retiring? N Flinging? Y"});
-    sheet.harvest();
-    EXPECT_TRUE(sheet.s.Memos.empty());
-    std::string want = "20261121" + fixedWidth("Dan Eccles", 30) + "MIDL" + fixedWidth(" Ashby Town", 20);
-    for (int v : {12, 13, 9, 10, 11, 14, 8, 7, 6, 5, 15}) want += int16le(v);
-    for (int v : {112, 21, 4, 27, 145, 63, 17}) want += int16le(v);
+// A new week appends whole records and deletes the admin order; the same week again writes nothing.
+TEST(Harvest, ANewWeekAppendsItsRecordsAndDeletesTheAdminOrder) {
+    const Lines report{"K. Swales (DEFR) increases his CO skill to 7",
+                       "Dan Eccles (MIDL) Ashby Town was scouted by your scout this week",
+                       "AGE 27 TS 112 ELEVEN MAIN SKILLS : 12 13  9 10 11 14 8 7 6 5 15",
+                       "POTENTIAL 145 PERF 63 GLS 4 TL FIGURE 21 SIGNING FIGURE 17 VALUE 412500.5 International? Y "
+                       "Retiring? N Flinging? Y"};
+    std::string scout = "20261121" + fixedWidth("Dan Eccles", 30) + "MIDL" + fixedWidth(" Ashby Town", 20);
+    for (int v : {12, 13, 9, 10, 11, 14, 8, 7, 6, 5, 15, 112, 21, 4, 27, 145, 63, 17}) scout += int16le(v);
     const double value = 412500.5;
     char raw[8];
     std::memcpy(raw, &value, 8);
-    want += std::string(raw, 8) + "YNY";
-    ASSERT_EQ(want.size(), 109u);
-    EXPECT_EQ(sheet.file("SCOUT.TXT"), want);
-    // Where the scout file lives was not known yet: it is now, in the settings.
-    EXPECT_EQ(readSettings(sheet.dir.path()).ScoutFile, (sheet.dir.path() / "SCOUT.TXT").string());
-}
-
-TEST(Harvest, SameWeekWritesNothingAndNewWeekDeletesTheAdminOrder) {
-    const Lines report{"K. Swales (DEFR) increases his CO skill to 7",
-                       "Dan Eccles (MIDL) Ashby Town was scouted by us", "AGE 27 TS 112", "POTENTIAL 145"};
+    scout += std::string(raw, 8) + "YNY";
+    ASSERT_EQ(scout.size(), 109u);
     for (bool newTurn : {false, true}) {
         Sheet sheet(report, newTurn);
+        sheet.s.Prefs.ScoutFile = (sheet.dir.path() / "gone" / "SCOUT.TXT").string();
+        writeSettings(sheet.dir.path(), sheet.s.Prefs);
         sheet.dir.write("adm.kst", "last week's order");
         sheet.dir.write("0042HST.TXT", std::string(50, 'x'));  // a record and a piece of one
         sheet.harvest();
-        EXPECT_EQ(sheet.s.Memos.size(), 1u);
+        EXPECT_EQ(sheet.s.Memos.size(), 1u) << "a scout report gives no memo";
         EXPECT_EQ(sheet.s.StatsRefreshDue, newTurn);
         EXPECT_EQ(fs::exists(sheet.dir.path() / "adm.kst"), !newTurn);
         EXPECT_EQ(sheet.file("0042HST.TXT"),
                   newTurn ? std::string(47, 'x') + hst("K. Swales", "DEFR", 'Y', "CO", 7) : std::string(50, 'x'));
-        EXPECT_EQ(sheet.file("SCOUT.TXT").size(), newTurn ? 109u : 0u);
+        EXPECT_EQ(sheet.file("SCOUT.TXT"), newTurn ? scout : "");
+        // The scout file named in the settings is gone: the game folder's is taken, and kept in the settings.
+        EXPECT_EQ(readSettings(sheet.dir.path()).ScoutFile, (sheet.dir.path() / "SCOUT.TXT").string());
     }
 }
 
@@ -169,6 +147,7 @@ TEST(Harvest, ProblemsAreToldOnceAndWhatWasReadIsKept) {
     struct Case {
         const char* what;
         Lines report;
+        bool diskFull;
         size_t memos;
         std::string title;
         std::string inText;
@@ -176,65 +155,47 @@ TEST(Harvest, ProblemsAreToldOnceAndWhatWasReadIsKept) {
         {"a report that ends inside a match",
          {"The coach has a cold", "Home shots On/Off 3/4   Away shots On/Off 2/2", "MAN OF THE MATCH : Al Fry",
           "MAN OF THE MATCH : Al Fry", "Attendance"},
-         1, "Report cut short", "Squadsheets/0042SQUA.TXT ends at line 9, inside a match report"},
+         false, 1, "Report cut short", "Squadsheets/0042SQUA.TXT ends at line 9, inside a match report"},
         {"a report that ends inside a scout report",
-         {"The coach has a cold", "Dan Eccles (MIDL) Ashby Town was scouted by us", "AGE 27 TS 112"},
-         1, "Report cut short", "Squadsheets/0042SQUA.TXT ends after line 7, inside a scout report"},
-        {"more memos than are kept", Lines(kMaxMemos + 3, "The coach has a cold"), kMaxMemos,
+         {"The coach has a cold", "Dan Eccles (MIDL) Ashby Town was scouted by us", "AGE 27 TS 112"}, false, 1,
+         "Report cut short", "Squadsheets/0042SQUA.TXT ends after line 7, inside a scout report"},
+        {"more memos than are kept", Lines(kMaxMemos + 3, "The coach has a cold"), false, kMaxMemos,
          "Too many weekly reports", "the first 500 are kept"},
+        {"a failed append leaves the history file as it was", {"K. Swales (DEFR) increases his CO skill to 7"}, true,
+         1, "History not saved", "0042HST.TXT"},
     };
     for (const Case& c : cases) {
         Sheet sheet(c.report);
+        const std::string history = hst("Old Boy", "AGKP", 'Y', "PA", 3);
+        sheet.dir.write("0042HST.TXT", history);
+        if (c.diskFull) atomicWriteFaultHook = [](const fs::path& tmp) { throw WriteError(tmp.string(), "disk full"); };
         sheet.harvest();
+        atomicWriteFaultHook = nullptr;
         EXPECT_EQ(sheet.s.Memos.size(), c.memos) << c.what;
         ASSERT_EQ(sheet.messages.entries.size(), 1u) << c.what;
         EXPECT_EQ(sheet.messages.entries[0].title, c.title) << c.what;
         EXPECT_NE(sheet.messages.entries[0].text.find(c.inText), std::string::npos)
             << c.what << ": " << sheet.messages.entries[0].text;
         EXPECT_EQ(sheet.file("SCOUT.TXT"), "") << c.what;
+        EXPECT_EQ(sheet.file("0042HST.TXT"), history) << c.what;
     }
 }
 
-TEST(Harvest, AFailedAppendLeavesTheHistoryFileAsItWas) {
-    Sheet sheet({"K. Swales (DEFR) increases his CO skill to 7"});
-    const std::string before = hst("Old Boy", "AGKP", 'Y', "PA", 3);
-    sheet.dir.write("0042HST.TXT", before);
-    atomicWriteFaultHook = [](const fs::path& tmp) { throw WriteError(tmp.string(), "No space left on device"); };
-    sheet.harvest();
-    atomicWriteFaultHook = nullptr;
-    EXPECT_EQ(sheet.file("0042HST.TXT"), before);
-    ASSERT_EQ(sheet.messages.entries.size(), 1u);
-    EXPECT_EQ(sheet.messages.entries[0].title, "History not saved");
-    EXPECT_NE(sheet.messages.entries[0].text.find("0042HST.TXT"), std::string::npos);
-    EXPECT_EQ(sheet.s.Memos.size(), 1u);
-}
-
 TEST(LastWeek, EachLineGoesToItsBox) {
-    const Lines lines{
-        "Before the report: ignored (DEFC) increases his PA to 3",
-        "Turnsheet processed for Kestrel Rovers",
-        "The club paid 5000 in wages",
-        "K. Swales (DEFR) increases his CO skill to 7",
-        "Attempt to coach N. Bailey (STRC) in PA was unsuccessful",
-        "T. Goodall was treated with 3 physio points",
-        "A. Priestley will be unable to play for 6 weeks",
-        "Your player Cy Oak was scouted this week by Ashby Town",
-        "Dan Eccles (MIDL) Ashby Town was scouted by your scout",
-        "AGE 27 TS 112",
-        "POTENTIAL 145",
-        "Wants a new Position",
-        "Ray Dale was BOOKED",
-        "Ray Dale was SENT OFF",
-        "",
-        "Home shots On/Off 3/4   Away shots On/Off 2/2",
-        "Result : 1 1",
-        "MAN OF THE MATCH : Al Fry",
-        " 12 mins : unseen",
-        "MAN OF THE MATCH : Al Fry",
-        "Attendance", "Referee", "Gate", "Weather",
-        "Home shots On/Off 1/1   Away shots On/Off 0/0",
-        "MAN OF THE MATCH : Bo Lund",
-    };
+    const Lines lines{"Before the report: ignored (DEFC) increases his PA to 3",
+                      "Turnsheet processed for Kestrel Rovers",
+                      "The club paid 5000 in wages",
+                      "K. Swales (DEFR) increases his CO skill to 7",
+                      "Attempt to coach N. Bailey (STRC) in PA was unsuccessful",
+                      "T. Goodall was treated with 3 physio points",
+                      "A. Priestley will be unable to play for 6 weeks",
+                      "Your player Cy Oak was scouted this week by Ashby Town",
+                      "Dan Eccles (MIDL) Ashby Town was scouted by your scout",
+                      "AGE 27 TS 112", "POTENTIAL 145", "Wants a new Position", "Ray Dale was BOOKED",
+                      "Ray Dale was SENT OFF", "", "Home shots On/Off 3/4   Away shots On/Off 2/2", "Result : 1 1",
+                      "MAN OF THE MATCH : Al Fry", " 12 mins : unseen", "MAN OF THE MATCH : Al Fry", "Attendance",
+                      "Referee", "Gate", "Weather", "Home shots On/Off 1/1   Away shots On/Off 0/0",
+                      "MAN OF THE MATCH : Bo Lund"};
     const LastWeekBoxes boxes = lastWeekBoxesOf(lines);
     const LastWeekBoxes want = {
         "K. Swales (DEFR) increases his CO skill to 7\r\nAttempt to coach N. Bailey (STRC) in PA was unsuccessful\r\n",
