@@ -58,32 +58,25 @@ const std::vector<std::string> kFixedDepartmentLines = {
 
 }  // namespace
 
+// Raise first, then cut, in the fixed order of the departments, never against itself; 6 can't fall (10 can't
+// rise: the box of all tens below).
 TEST(ClubView, DepartmentLinesPairEveryRaiseWithEveryOtherCut) {
-    struct Case {
-        const char* why;
-        std::array<int, 7> levels;
-        std::vector<std::string> extra;
-    } cases[] = {
-        {"nothing above 6 can fall", {5, 5, 5, 5, 5, 5, 6}, {}},
-        {"nothing below 10 can rise", {10, 10, 10, 10, 10, 10, 10}, {}},
-        {"raise first, then cut, in the fixed order of the departments, never against itself",
-         {6, 6, 6, 6, 6, 8, 9},
-         {"Increase Goalkeeper Coach to  7, Decrease Groundsman to  7",
-          "Increase Goalkeeper Coach to  7, Decrease Scout to  8",
-          "Increase Defence Coach to  7, Decrease Groundsman to  7", "Increase Defence Coach to  7, Decrease Scout to  8",
-          "Increase Midfield Coach to  7, Decrease Groundsman to  7",
-          "Increase Midfield Coach to  7, Decrease Scout to  8",
-          "Increase Attack Coach to  7, Decrease Groundsman to  7", "Increase Attack Coach to  7, Decrease Scout to  8",
-          "Increase Physio to  7, Decrease Groundsman to  7", "Increase Physio to  7, Decrease Scout to  8",
-          "Increase Groundsman to  9, Decrease Scout to  8", "Increase Scout to  10, Decrease Groundsman to  7"}},
-    };
-    for (const Case& c : cases) {
-        Club club;
-        setLevels(club, c.levels);
-        std::vector<std::string> want = kFixedDepartmentLines;
-        want.insert(want.end(), c.extra.begin(), c.extra.end());
-        EXPECT_EQ(departmentLines(club), want) << c.why;
-    }
+    Club club;
+    setLevels(club, {6, 6, 6, 6, 6, 8, 9});
+    std::vector<std::string> want = kFixedDepartmentLines;
+    want.insert(want.end(), {"Increase Goalkeeper Coach to  7, Decrease Groundsman to  7",
+                             "Increase Goalkeeper Coach to  7, Decrease Scout to  8",
+                             "Increase Defence Coach to  7, Decrease Groundsman to  7",
+                             "Increase Defence Coach to  7, Decrease Scout to  8",
+                             "Increase Midfield Coach to  7, Decrease Groundsman to  7",
+                             "Increase Midfield Coach to  7, Decrease Scout to  8",
+                             "Increase Attack Coach to  7, Decrease Groundsman to  7",
+                             "Increase Attack Coach to  7, Decrease Scout to  8",
+                             "Increase Physio to  7, Decrease Groundsman to  7",
+                             "Increase Physio to  7, Decrease Scout to  8",
+                             "Increase Groundsman to  9, Decrease Scout to  8",
+                             "Increase Scout to  10, Decrease Groundsman to  7"});
+    EXPECT_EQ(departmentLines(club), want);
 }
 
 TEST(ClubView, MainMenuLabelsInTheirWordsAndOrder) {
@@ -113,46 +106,41 @@ TEST(ClubView, MainMenuLabelsInTheirWordsAndOrder) {
 }
 
 TEST(ClubView, PendingWorksAndDefaultOrders) {
-    const std::string noBet = "No betting this week", noCap = "No capacity increase this week",
-                      noFac = "No facility increase this week", noDept = "No department increase this week";
+    // Orders of the betting, capacity, facility and department boxes; after: "" is the box's first line.
+    using Orders = std::array<std::string, 4>;
     struct Case {
         const char* why;
         std::string capUp, facUp, deptUp;
-        std::string bet, cap, fac, dept;  // orders before
-        bool capOn, facOn, deptOn;
-        std::string betAfter, capAfter, facAfter, deptAfter;
+        Orders before;
+        const char* on;  // the boxes the manager may change
+        Orders after;
     } cases[] = {
-        {"empty orders take their defaults", "", "", "", "", "", "", "", true, true, true, noBet, noCap, noFac, noDept},
+        {"empty orders take their defaults", "", "", "", {}, "BCFD", {}},
         {"capacity works under way switch the box off and undo the order", "Action capacity increase", "", "",
-         "Bet this week", "Action capacity increase", "", "", false, true, true, "Bet this week", noCap, noFac, noDept},
-        {"the word is found in any case", "Capacity works in action", "facility action 2 weeks", "", "", "", "", "",
-         false, false, true, noBet, noCap, noFac, noDept},
-        {"a department upgrade with weeks to go", "", "", "3 weeks left on Scout", "", "", "Action facility increase",
-         "Scout Department increase", true, true, false, noBet, noCap, "Action facility increase", noDept},
-        {"zero weeks leave the department open", "", "", "0 weeks", "", "", "", "Physio Department increase", true,
-         true, true, noBet, noCap, noFac, "Physio Department increase"},
-        {"text without a leading number is no upgrade", "", "", "None", "", "", "", "", true, true, true, noBet, noCap,
-         noFac, noDept},
+         {"Bet this week", "Action capacity increase", "", ""}, "B-FD", {"Bet this week", "", "", ""}},
+        {"the word is found in any case", "Capacity works in action", "facility action 2 weeks", "", {}, "B--D", {}},
+        {"a department upgrade with weeks to go", "", "", "3 weeks left on Scout",
+         {"", "", "Action facility increase", "Scout Department increase"}, "BCF-",
+         {"", "", "Action facility increase", ""}},
+        {"zero weeks leave the department open", "", "", "0 weeks", {"", "", "", "Physio Department increase"},
+         "BCFD", {"", "", "", "Physio Department increase"}},
+        {"text without a leading number is no upgrade", "", "", "None", {}, "BCFD", {}},
     };
+    const Orders first = {"No betting this week", "No capacity increase this week", "No facility increase this week",
+                          "No department increase this week"};
     for (const Case& c : cases) {
         Club club;
         setLevels(club, {5, 5, 5, 5, 5, 5, 5});
         club.CapacityUpgrade = c.capUp, club.FacilityUpgrade = c.facUp, club.DepartmentUpgrade = c.deptUp;
-        club.BettingOrder = c.bet, club.CapacityOrder = c.cap, club.FacilityOrder = c.fac, club.DepartmentOrder = c.dept;
-        WeeklyChoices w = fillWeeklyChoices(club);
-        EXPECT_EQ(w.capacity.enabled, c.capOn) << c.why;
-        EXPECT_EQ(w.facility.enabled, c.facOn) << c.why;
-        EXPECT_EQ(w.department.enabled, c.deptOn) << c.why;
-        EXPECT_TRUE(w.betting.enabled) << c.why;
-        EXPECT_EQ(club.BettingOrder, c.betAfter) << c.why;
-        EXPECT_EQ(club.CapacityOrder, c.capAfter) << c.why;
-        EXPECT_EQ(club.FacilityOrder, c.facAfter) << c.why;
-        EXPECT_EQ(club.DepartmentOrder, c.deptAfter) << c.why;
-        // Each box shows the club's order.
-        EXPECT_EQ(w.betting.lines[size_t(w.betting.chosen)], club.BettingOrder) << c.why;
-        EXPECT_EQ(w.capacity.lines[size_t(w.capacity.chosen)], club.CapacityOrder) << c.why;
-        EXPECT_EQ(w.facility.lines[size_t(w.facility.chosen)], club.FacilityOrder) << c.why;
-        EXPECT_EQ(w.department.lines[size_t(w.department.chosen)], club.DepartmentOrder) << c.why;
+        std::string* orders[] = {&club.BettingOrder, &club.CapacityOrder, &club.FacilityOrder, &club.DepartmentOrder};
+        for (size_t i = 0; i < 4; ++i) *orders[i] = c.before[i];
+        const WeeklyChoices w = fillWeeklyChoices(club);
+        const ChoiceBox* boxes[] = {&w.betting, &w.capacity, &w.facility, &w.department};
+        for (size_t i = 0; i < 4; ++i) {
+            EXPECT_EQ(*orders[i], c.after[i].empty() ? first[i] : c.after[i]) << c.why << ", box " << i;
+            EXPECT_EQ(boxes[i]->enabled, c.on[i] != '-') << c.why << ", box " << i;
+            EXPECT_EQ(boxes[i]->lines[size_t(boxes[i]->chosen)], *orders[i]) << c.why << ": the box shows the order";
+        }
     }
 
     // An order that is no line of its box is shown at the end.
@@ -206,8 +194,7 @@ TEST(ClubView, CoachTextAndTitles) {
 }
 
 TEST(ClubView, SelectingAnotherClubForgetsTheFixture) {
-    TempDir dir;
-    Session s = makeSession(dir, 3);
+    Session s;
     ClubView v;
     struct Step {
         int index, fixtureBefore;
@@ -244,24 +231,11 @@ TEST(ClubView, SquadGridFilters) {
     }
 }
 
-TEST(ClubView, SquadGridCellsAndLastShirt) {
+// The cells with the last shirt, coloured by the coaching history.
+TEST(ClubView, SquadGridCellsAndColours) {
     Club club = gridClub("Club A", "aclub");
     club.Players[0].Injury = 11;
     club.Players[0].Agg = -2;
-    auto rows = squadGridRows(club, AgeFilter::All, PositionFilter::All, {});
-    ASSERT_EQ(rows.size(), 4u);
-    const std::array<std::string, 19> keeper = {"Ann Keeper  ( 1)", "AGKP", " 30", " 12", " 3", " 11", " 10",
-                                                " 11", " 12", " 13", " 14", " 15", " 16", " 17", " 18", " 19",
-                                                " 20", "-2", " 165"};
-    EXPECT_EQ(rows[0].cells, keeper);
-    EXPECT_EQ(rows[1].cells[0], "Bo Back") << "no last shirt, no brackets";
-    EXPECT_EQ(rows[2].cells[0], "Cy Kid  ( 14)");
-    for (const SquadRow& r : rows)
-        for (int col : r.colour) EXPECT_EQ(col, -1);
-}
-
-TEST(ClubView, SquadGridColoursFromTheCoachingHistory) {
-    Club club = gridClub("Club A", "aclub");
     auto rec = [](const char* name, const char* result, const char* skill) {
         return HistoryRecord{"20240101", name, "DEFC", result, skill, 0};
     };
@@ -272,14 +246,21 @@ TEST(ClubView, SquadGridColoursFromTheCoachingHistory) {
         rec("Di Striker", "X", "PA"), // no such result: nothing
         rec("Gone Player", "P", "PA"),
     };
+    auto rows = squadGridRows(club, AgeFilter::All, PositionFilter::All, history);
+    ASSERT_EQ(rows.size(), 4u);
+    const std::array<std::string, 19> keeper = {"Ann Keeper  ( 1)", "AGKP", " 30", " 12", " 3", " 11", " 10",
+                                                " 11", " 12", " 13", " 14", " 15", " 16", " 17", " 18", " 19",
+                                                " 20", "-2", " 165"};
+    EXPECT_EQ(rows[0].cells, keeper);
+    EXPECT_EQ(rows[1].cells[0], "Bo Back") << "no last shirt, no brackets";
+    EXPECT_EQ(rows[2].cells[0], "Cy Kid  ( 14)");
+
     struct Want {
         int row, column, colour;
     } wants[] = {
         {1, kFirstSkillColumn + 0, 0xFF0000}, {1, kFirstSkillColumn + 6, 0x00FF00},
         {1, kFirstSkillColumn + 9, 0xFFFF00}, {0, kFirstSkillColumn + 2, 0x00FF00},
     };
-    auto rows = squadGridRows(club, AgeFilter::All, PositionFilter::All, history);
-    ASSERT_EQ(rows.size(), 4u);
     int coloured = 0;
     for (const SquadRow& r : rows)
         for (int col : r.colour) coloured += col != -1;
@@ -349,20 +330,8 @@ TEST(ClubView, ShortClubPicturesFileIsRefusedWithItsLine) {
     }
 }
 
-TEST(ClubView, ClearTurnQuestions) {
-    TempDir dir;
-    Session s = makeSession(dir, 2);
-    s.Clubs[1].Name = "O'Neill Rovers";
-    s.CurrentClub = 1;
-    EXPECT_EQ(clearTurnQuestion(s, false),
-              "Are you sure that you want to clear O'Neill Rovers's turn ?\r\n\r\nIf you choose to do this it will "
-              "restart the program.");
-    EXPECT_EQ(clearTurnQuestion(s, true),
-              "Are you sure that you want to clear all turns ?\r\n\r\nIf you choose to do this it will restart the "
-              "program.");
-}
-
-TEST(ClubView, ClearingDeletesTheChosenTurnsheetsOnly) {
+TEST(ClubView, ClearingAsksAndDeletesTheChosenTurnsheetsOnly) {
+    const std::string restart = " ?\r\n\r\nIf you choose to do this it will restart the program.";
     struct Case {
         bool all;
         std::vector<bool> present, after;  // a Turnsheet on disk for clubs 0, 1, 2
@@ -376,7 +345,10 @@ TEST(ClubView, ClearingDeletesTheChosenTurnsheetsOnly) {
     for (const Case& c : cases) {
         TempDir dir;
         Session s = makeSession(dir, 3);
+        s.Clubs[1].Name = "O'Neill Rovers";
         s.CurrentClub = 1;
+        const std::string whose = c.all ? "all turns" : "O'Neill Rovers's turn";
+        EXPECT_EQ(clearTurnQuestion(s, c.all), "Are you sure that you want to clear " + whose + restart);
         dir.write("notes.txt", "keep");
         for (size_t i = 0; i < 3; ++i)
             if (c.present[i]) dir.write("Turnsheet/" + s.Clubs[i].ClubFile + ".txt", "orders");
@@ -420,18 +392,22 @@ TEST(ClubView, AFailedSaveIsToldAndLeavesThePreviousFile) {
 }
 
 TEST(ClubView, SendingWithoutMailChecksSavesAndSaysWhereTheFilesAre) {
+    const std::string incomplete = "Club A do not have all players selected for game against Rivals United\r\n\r\n";
+    const std::string title = "Warning of incomplete turnsheet|";
+    const std::string ask = "Ask|" + title + incomplete + "Do you still want to send this turnsheet ?";
+    const std::string warn = "Warn|" + title + incomplete + "Your turnsheet has been saved.";
     struct Case {
         const char* why;
         int warnInc;
         bool shortMatch;
         std::vector<bool> answers;
         bool saved;
-        std::vector<Kind> kinds;
+        std::vector<std::string> shown;  // the note of where the files are follows when saved
     } cases[] = {
-        {"complete: saved and told", 1, false, {}, true, {Kind::Inform}},
-        {"incomplete, not sent after all", 1, true, {false}, false, {Kind::Ask}},
-        {"incomplete, sent anyway", 1, true, {true}, true, {Kind::Ask, Kind::Inform}},
-        {"warned on saving instead", 0, true, {}, true, {Kind::Warn, Kind::Inform}},
+        {"complete: saved and told", 1, false, {}, true, {}},
+        {"incomplete, not sent after all", 1, true, {false}, false, {ask}},
+        {"incomplete, sent anyway", 1, true, {true}, true, {ask}},
+        {"warned on saving instead", 0, true, {}, true, {warn}},
     };
     for (const Case& c : cases) {
         TempDir dir;
@@ -449,23 +425,12 @@ TEST(ClubView, SendingWithoutMailChecksSavesAndSaysWhereTheFilesAre) {
         EXPECT_EQ(sendTurnsheetsWithoutMail(s, m), c.saved) << c.why;
         EXPECT_EQ(fs::exists(dir.path() / "Turnsheet" / "aclub.txt"), c.saved) << c.why;
         EXPECT_EQ(s.TurnChanged, !c.saved) << c.why;
-        std::vector<Kind> kinds;
-        for (const auto& e : m.entries) kinds.push_back(e.kind);
-        EXPECT_EQ(kinds, c.kinds) << c.why;
-        for (const auto& e : m.entries) {
-            if (e.kind == Kind::Ask) {
-                EXPECT_EQ(e.title, "Warning of incomplete turnsheet");
-                EXPECT_EQ(e.text,
-                          "Club A do not have all players selected for game against Rivals United\r\n\r\nDo you "
-                          "still want to send this turnsheet ?");
-            }
-            if (e.kind == Kind::Inform) {
-                EXPECT_EQ(e.title, "Turnsheet not sent");
-                EXPECT_EQ(e.text, "Sending by e-mail is not yet available.\r\n\r\nYour turnsheets have been saved "
-                                  "in the folder " + (dir.path() / "Turnsheet").string() +
-                                      ". Please send them to admin@example.org yourself.");
-            }
-        }
+        std::vector<std::string> want = c.shown;
+        if (c.saved)
+            want.push_back("Inform|Turnsheet not sent|Sending by e-mail is not yet available.\r\n\r\nYour turnsheets "
+                           "have been saved in the folder " + (dir.path() / "Turnsheet").string() +
+                           ". Please send them to admin@example.org yourself.");
+        EXPECT_EQ(test::shown(m), want) << c.why;
     }
 }
 
