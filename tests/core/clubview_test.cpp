@@ -79,7 +79,8 @@ TEST(ClubView, DepartmentLinesPairEveryRaiseWithEveryOtherCut) {
     EXPECT_EQ(departmentLines(club), want);
 }
 
-TEST(ClubView, MainMenuLabelsInTheirWordsAndOrder) {
+// The main menu's labels and coach lines in their words and order, and the titles of the screens.
+TEST(ClubView, MainMenuLabelsCoachLinesAndTitles) {
     Club c;
     c.Credits = 12, c.StampCredits = 0, c.Stadium = "Old Road", c.Capacity = 25000, c.Facilities = 3;
     c.CapacityUpgrade = "Action capacity increase", c.DepartmentUpgrade = "2 weeks to Physio";
@@ -103,6 +104,13 @@ TEST(ClubView, MainMenuLabelsInTheirWordsAndOrder) {
         " Sundries in: \xA3  1", " Sundries out: \xA3  2", " Money bet: \xA3  0", " Bet winnings: \xA3  0",
         " Transfers recouped: \xA3  0", " Transfers spent: \xA3  75000", " Bank Balance: \xA3 -1234"};
     EXPECT_EQ(texts, want);
+    EXPECT_EQ(coachTextLines(c), (std::vector<std::string>{"Goalkeeper Coach :  1", "Defence Coach :  2",
+                                                           "Midfield Coach :  3", "Attack Coach :  4", "Physio :  5"}));
+
+    g.GameName = "Test League";
+    EXPECT_EQ(screenTitle(g, "Main Menu"), "Test League turnsheet entry : Main Menu");
+    g.GameName = "";
+    EXPECT_EQ(screenTitle(g, "Squad Screen"), " turnsheet entry : Squad Screen");
 }
 
 TEST(ClubView, PendingWorksAndDefaultOrders) {
@@ -169,8 +177,8 @@ TEST(ClubView, WeeklyChoiceStoresTheLineUnlessTheScreenIsFilling) {
         {WeeklyChoice::Department, "Scout Department increase", true, &Club::DepartmentOrder},
     };
     for (const Case& c : cases) {
-        TempDir dir;
-        Session s = makeSession(dir, 2);
+        Session s;
+        s.Clubs.resize(2);
         s.CurrentClub = 1;
         s.FillingScreen = c.filling;
         EXPECT_EQ(chooseWeekly(s, c.which, c.line), !c.filling) << c.line;
@@ -178,19 +186,6 @@ TEST(ClubView, WeeklyChoiceStoresTheLineUnlessTheScreenIsFilling) {
         EXPECT_EQ(s.Clubs[1].*c.field, c.filling ? "" : c.line) << c.line;
         EXPECT_EQ(s.Clubs[0].*c.field, "") << "only the current club changes";
     }
-}
-
-TEST(ClubView, CoachTextAndTitles) {
-    Club c;
-    setLevels(c, {1, 12, 3, 0, 9, 2, 2});
-    EXPECT_EQ(coachTextLines(c), (std::vector<std::string>{"Goalkeeper Coach :  1", "Defence Coach :  12",
-                                                           "Midfield Coach :  3", "Attack Coach :  0",
-                                                           "Physio :  9"}));
-    GameIni g;
-    g.GameName = "Test League";
-    EXPECT_EQ(screenTitle(g, "Main Menu"), "Test League turnsheet entry : Main Menu");
-    g.GameName = "";
-    EXPECT_EQ(screenTitle(g, "Squad Screen"), " turnsheet entry : Squad Screen");
 }
 
 TEST(ClubView, SelectingAnotherClubForgetsTheFixture) {
@@ -211,7 +206,9 @@ TEST(ClubView, SelectingAnotherClubForgetsTheFixture) {
     }
 }
 
-TEST(ClubView, SquadGridFilters) {
+// The rows the filters keep, their cells with the last shirt, coloured by the coaching history.
+TEST(ClubView, SquadGridRowsCellsAndColours) {
+    Club club = gridClub("Club A", "aclub");  // ages 30, 18, 17, 24: 18 is a senior
     struct Case {
         AgeFilter age;
         PositionFilter pos;
@@ -223,17 +220,12 @@ TEST(ClubView, SquadGridFilters) {
         {AgeFilter::All, PositionFilter::Str, {4}},            {AgeFilter::Youth, PositionFilter::Str, {}},
         {AgeFilter::Seniors, PositionFilter::Mid, {}},
     };
-    Club club = gridClub("Club A", "aclub");  // ages 30, 18, 17, 24: 18 is a senior
     for (const Case& c : cases) {
         std::vector<int> got;
         for (const SquadRow& r : squadGridRows(club, c.age, c.pos, {})) got.push_back(r.player);
         EXPECT_EQ(got, c.players) << int(c.age) << "/" << int(c.pos);
     }
-}
 
-// The cells with the last shirt, coloured by the coaching history.
-TEST(ClubView, SquadGridCellsAndColours) {
-    Club club = gridClub("Club A", "aclub");
     club.Players[0].Injury = 11;
     club.Players[0].Agg = -2;
     auto rec = [](const char* name, const char* result, const char* skill) {
@@ -304,29 +296,23 @@ TEST(ClubView, ClubPicturesFile) {
     EXPECT_THROW(writeClubPictures(s, club, v), WriteError);
     atomicWriteFaultHook = nullptr;
     EXPECT_EQ(dir.read("ACLUBPREF.INI"), "b.jpg\nshirt.bmp\n");
-}
 
-TEST(ClubView, ShortClubPicturesFileIsRefusedWithItsLine) {
-    struct Case {
-        const char* bytes;
-        int line;
-        const char* expected;
-    } cases[] = {{"", 1, "the badge picture's path"}, {"badge.gif\r\n", 2, "the shirt picture's path"}};
-    for (const Case& c : cases) {
-        TempDir dir;
-        Session s = makeSession(dir, 1);
-        dir.write("aclubpref.ini", c.bytes);
-        ClubView v;
+    // A file of fewer than two lines is refused with the line it ends at, and no picture is taken from it.
+    std::filesystem::remove(dir.path() / "ACLUBPREF.INI");
+    for (const auto& [bytes, line, expected] :
+         {std::tuple{"", 1, "the badge picture's path"}, {"badge.gif\r\n", 2, "the shirt picture's path"}}) {
+        dir.write("aclubpref.ini", bytes);
+        back.BadgeFile = back.ShirtFile = "stale";
         try {
-            readClubPictures(s, s.Clubs[0], v);
+            readClubPictures(s, club, back);
             ADD_FAILURE() << "a short file must be refused";
         } catch (const GameFileError& e) {
             EXPECT_EQ(e.file, "aclubpref.ini");
-            EXPECT_EQ(e.line, c.line);
-            EXPECT_EQ(e.expected, c.expected);
+            EXPECT_EQ(e.line, line);
+            EXPECT_EQ(e.expected, expected);
         }
-        EXPECT_EQ(v.BadgeFile, "");
-        EXPECT_EQ(v.ShirtFile, "");
+        EXPECT_EQ(back.BadgeFile, "");
+        EXPECT_EQ(back.ShirtFile, "");
     }
 }
 
@@ -360,54 +346,30 @@ TEST(ClubView, ClearingAsksAndDeletesTheChosenTurnsheetsOnly) {
     }
 }
 
-TEST(ClubView, AFailedSaveIsToldAndLeavesThePreviousFile) {
-    TempDir dir;
-    Session s = makeSession(dir, 2);
-    s.TurnChanged = true;
-    dir.write("Turnsheet/bclub.txt", "last week's orders\r\n");
-    atomicWriteFaultHook = [](const fs::path& tmp) {
-        if (tmp.filename().string().find("bclub") != std::string::npos)
-            throw WriteError((tmp.parent_path() / "bclub.txt").string(), "No space left on device");
-    };
-    RecordingMessages m;
-    const bool saved = saveTurnsheetsTelling(s, m);
-    atomicWriteFaultHook = nullptr;
-
-    EXPECT_FALSE(saved);
-    test::expectOneMessage(
-        m, Kind::Refuse, "Turnsheet not saved",
-        "The turnsheet Turnsheet/bclub.txt could not be written: No space left on device.\r\n\r\nThe previous copy of "
-        "that file is left as it was, and your orders are still on screen. Check that the game folder can be written "
-        "to and that the disk has room, then save again.");
-    EXPECT_EQ(dir.read("Turnsheet/bclub.txt"), "last week's orders\r\n");
-    EXPECT_EQ(dir.read("Turnsheet/aclub.txt"), turnsheetText(s.Clubs[0]));
-    EXPECT_TRUE(s.TurnChanged) << "closing must still offer to save";
-
-    // Saving again when the disk is fine writes both and clears the flag.
-    RecordingMessages again;
-    EXPECT_TRUE(saveTurnsheetsTelling(s, again));
-    EXPECT_TRUE(again.entries.empty());
-    EXPECT_EQ(dir.read("Turnsheet/bclub.txt"), turnsheetText(s.Clubs[1]));
-    EXPECT_FALSE(s.TurnChanged);
-}
-
+// Sending while there is no mail: the incomplete check, the save, then where the files are. A save that
+// fails is told, leaves the previous file, and keeps the orders to be saved on closing.
 TEST(ClubView, SendingWithoutMailChecksSavesAndSaysWhereTheFilesAre) {
     const std::string incomplete = "Club A do not have all players selected for game against Rivals United\r\n\r\n";
     const std::string title = "Warning of incomplete turnsheet|";
     const std::string ask = "Ask|" + title + incomplete + "Do you still want to send this turnsheet ?";
     const std::string warn = "Warn|" + title + incomplete + "Your turnsheet has been saved.";
+    const std::string refuse =
+        "Refuse|Turnsheet not saved|The turnsheet Turnsheet/aclub.txt could not be written: No space left on "
+        "device.\r\n\r\nThe previous copy of that file is left as it was, and your orders are still on screen. Check "
+        "that the game folder can be written to and that the disk has room, then save again.";
     struct Case {
         const char* why;
         int warnInc;
-        bool shortMatch;
+        bool shortMatch, diskFull;
         std::vector<bool> answers;
         bool saved;
         std::vector<std::string> shown;  // the note of where the files are follows when saved
     } cases[] = {
-        {"complete: saved and told", 1, false, {}, true, {}},
-        {"incomplete, not sent after all", 1, true, {false}, false, {ask}},
-        {"incomplete, sent anyway", 1, true, {true}, true, {ask}},
-        {"warned on saving instead", 0, true, {}, true, {warn}},
+        {"complete: saved and told", 1, false, false, {}, true, {}},
+        {"incomplete, not sent after all", 1, true, false, {false}, false, {ask}},
+        {"incomplete, sent anyway", 1, true, false, {true}, true, {ask}},
+        {"warned on saving instead", 0, true, false, {}, true, {warn}},
+        {"the disk is full", 1, false, true, {}, false, {refuse}},
     };
     for (const Case& c : cases) {
         TempDir dir;
@@ -420,10 +382,17 @@ TEST(ClubView, SendingWithoutMailChecksSavesAndSaysWhereTheFilesAre) {
             s.Clubs[0].FixtureCount = 1;
         }
         s.TurnChanged = true;
+        dir.write("Turnsheet/aclub.txt", "last week's orders\r\n");
+        if (c.diskFull)
+            atomicWriteFaultHook = [](const fs::path& tmp) {
+                throw WriteError((tmp.parent_path() / "aclub.txt").string(), "No space left on device");
+            };
         RecordingMessages m;
         m.answers = c.answers;
         EXPECT_EQ(sendTurnsheetsWithoutMail(s, m), c.saved) << c.why;
-        EXPECT_EQ(fs::exists(dir.path() / "Turnsheet" / "aclub.txt"), c.saved) << c.why;
+        atomicWriteFaultHook = nullptr;
+        EXPECT_EQ(dir.read("Turnsheet/aclub.txt"), c.saved ? turnsheetText(s.Clubs[0]) : "last week's orders\r\n")
+            << c.why;
         EXPECT_EQ(s.TurnChanged, !c.saved) << c.why;
         std::vector<std::string> want = c.shown;
         if (c.saved)
@@ -446,8 +415,9 @@ TEST(ClubView, ClosingAsksToSaveOnceAndOnlyAfterChanges) {
         m.answers = {c.answer};
         closingSavePrompt(s, m);
         if (c.asked)
-            test::expectOneMessage(m, Kind::Ask, "Save Changes ?",
-                                   "Changes have been made to the turnsheet\r\n\r\nDo you want to save the turnsheet ?");
+            test::expectOneMessage(
+                m, Kind::Ask, "Save Changes ?",
+                "Changes have been made to the turnsheet\r\n\r\nDo you want to save the turnsheet ?");
         else
             EXPECT_TRUE(m.entries.empty());
         EXPECT_EQ(fs::exists(dir.path() / "Turnsheet" / "aclub.txt"), c.written);
