@@ -31,7 +31,7 @@ const std::string kFull =
 
 }  // namespace
 
-TEST(Market, RowCellsArePaddedAndReadBackIntoTheSelection) {
+TEST(Market, RowCellsTheSelectionReadBackAndTheBidBoxes) {
     const ExportPlayer p = exported(1500000, "2000000", "4", 3, "Port Vale", "Y");
     const std::vector<std::string> cells = scoutRowCells(p);
     EXPECT_EQ(cells, (std::vector<std::string>{"Rik Stone", "MIDC", "  1500000", "  2000000", "       24", "       81",
@@ -43,16 +43,12 @@ TEST(Market, RowCellsArePaddedAndReadBackIntoTheSelection) {
     std::vector<std::string> searchCells = cells;
     searchCells.insert(searchCells.begin(), "Dale Rovers");
     EXPECT_EQ(selectRow(MarketScreen::Search, searchCells, "ignored"), want);
-}
 
-TEST(Market, RowClickSetsTheBidBoxes) {
-    struct Case {
-        const char* max;
-        int32_t incentiveMax;
-    } cases[] = {{"1000000", 200000}, {"2500000", 500000}, {"5000000", 500000}, {"0", 0}};
-    for (const Case& c : cases) {
-        const BidBoxLimits b = bidBoxLimits(*scoutPick(exported(400000, c.max)).Row);
-        EXPECT_EQ(b, (BidBoxLimits{"400000", 400000, int32_t(val(c.max)), c.incentiveMax})) << c.max;
+    // The click sets the bid boxes: the incentive is a fifth of the maximum, up to 500000.
+    for (const auto& [max, incentiveMax] :
+         {std::pair{"1000000", 200000}, {"2500000", 500000}, {"5000000", 500000}, {"0", 0}}) {
+        const BidBoxLimits b = bidBoxLimits(*scoutPick(exported(400000, max)).Row);
+        EXPECT_EQ(b, (BidBoxLimits{"400000", 400000, int32_t(val(max)), incentiveMax})) << max;
     }
 }
 
@@ -174,6 +170,7 @@ TEST(Market, WarningsRepeatAndTheOrdersReachTheTurnsheet) {
               std::string::npos)
         << text;
 }
+
 TEST(Market, RemovingABidOrScoutReadsItsLineBack) {
     Club club = squadClub();
     club.Movements[0] = slot(1, "Rik Stone", "Dale Rovers", 1000, 12, 0);
