@@ -332,14 +332,14 @@ void SquadOrdersTest::aWeekOfOrdersAndARemoval() {
 
     // Removal clears the key of the order; the figures beside it stay as they were.
     const int senior = coachSlot(a, false), youth = coachSlot(y, true);
-    std::vector<Field> fields = {{"Coach Player:", senior, a.Name},     {"CoachSkill:", senior, " 3 "},
-                                 {"Coach Player:", youth, y.Name},      {"CoachSkill:", youth, " 6 "},
+    std::vector<Field> fields = {{"Coach Player:", senior, a.Name}, {"CoachSkill:", senior, " 3 "},
+                                 {"Coach Player:", youth, y.Name}, {"CoachSkill:", youth, " 6 "},
                                  {"PhysioName:", 1, removed == 2 ? "" : a.Name}, {"PhysioPts:", 1, " 3 "},
-                                 {"OneToOnePlayer:", 1, a.Name},        {"One to One Instruction:", 1, " 7 "}};
-    for (const auto& slot : {slotFields(1, 4, a.Name, "", 0, 0, 0), slotFields(2, 2, b.Name, "", 1500000, 0, 0),
-                             slotFields(3, 6, c.Name, buyer, 750000, 0, 0),
-                             slotFields(4, removed == 6 ? 0 : 5, a.Name, "", 99000, 0, 0),
-                             slotFields(5, 3, a.Name, "", 0, 2500, 18)})
+                                 {"OneToOnePlayer:", 1, a.Name}, {"One to One Instruction:", 1, " 7 "}};
+    for (const auto& slot :
+         {slotFields(1, 4, a.Name, "", 0, 0, 0), slotFields(2, 2, b.Name, "", 1500000, 0, 0),
+          slotFields(3, 6, c.Name, buyer, 750000, 0, 0), slotFields(4, removed == 6 ? 0 : 5, a.Name, "", 99000, 0, 0),
+          slotFields(5, 3, a.Name, "", 0, 2500, 18)})
         fields.insert(fields.end(), slot.begin(), slot.end());
     s.save();
     const std::string expected = withFields(before, fields);
@@ -508,7 +508,8 @@ void SquadOrdersTest::coachingHistoryInItsOrder() {
     const QStringList heads = {"Name", "Pos", "Date", "Skill Coached", "Result", "New Value"};
     for (int c = 0; c < 8; ++c) QCOMPARE(list->isColumnHidden(c), c >= 6);
     for (int c = 0; c < 6; ++c) QCOMPARE(list->headerItem()->text(c), heads[c]);
-    const QStringList want = {"Abe Ash|AGKP|09/08/2025|TA|Potential Reached|", "Zed Ward|MIDC|16/08/2025|PA|Success|14"};
+    const QStringList want = {"Abe Ash|AGKP|09/08/2025|TA|Potential Reached|",
+                              "Zed Ward|MIDC|16/08/2025|PA|Success|14"};
     QCOMPARE(list->topLevelItemCount(), int(want.size()));
     for (int r = 0; r < list->topLevelItemCount(); ++r) {
         QStringList cells;
