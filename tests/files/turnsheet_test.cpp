@@ -61,15 +61,9 @@ Club squad() {
 // messages from 481.
 const std::vector<std::string> kSheet = {
     "League Number", "Division 2 (North)",
-    "Betting:", "Home win 500",
-    "Facility:", "",
-    "Capacity:", "Upgrade 2000",
-    "Departments:", "Scout",
+    "Betting:", "Home win 500", "Facility:", "", "Capacity:", "Upgrade 2000", "Departments:", "Scout",
     // Match 1
-    "Match Number:", " 1 ",
-    "Club Name:", "Ashford Athletic",
-    "Password:", "",
-    "Fixture - League:",
+    "Match Number:", " 1 ", "Club Name:", "Ashford Athletic", "Password:", "", "Fixture - League:",
     "Player:", "Alan Keeper", "Field Area 1:", "", "Field Area 2:", "",
     "Player:", "Bob Left", "Field Area 1:", "B1", "Field Area 2:", "",
     "Player:", "Carl Centre", "Field Area 1:", "B2", "Field Area 2:", "",
@@ -83,42 +77,24 @@ const std::vector<std::string> kSheet = {
     "Player:", "Ken Target", "Field Area 1:", "D4", "Field Area 2:", "",
     "Player:", "Len Spare", "Field Area 1:", "", "Field Area 2:", "",
     "Player:", "Jos\xE9 Cruz", "Field Area 1:", "", "Field Area 2:", "",
-    "Tactics:", " 3 ",
-    "Captain:", " 7 ",
-    "Penalties:", " 10 ",
-    "Corners:", " 6 ",
-    "FreeKicks:", " 9 ",
+    "Tactics:", " 3 ", "Captain:", " 7 ", "Penalties:", " 10 ", "Corners:", " 6 ", "FreeKicks:", " 9 ",
     "Corners Aiming:", " 2 ",
-    "Defence:", " 21 ", "Midfield:", " 22 ", "Attack:", " 23 ",
-    "DefAgg:", " 24 ", "MidAgg:", " 25 ", "AttAgg:", " 26 ",
-    "Revolver:", " 27 ", "Snappy:", " 28 ", "Pace:", "-1 ", "PassLength:", " 29 ", "PassHeight:", " 30 ",
-    "Time To Change One:", " 60 ",
-    "Time To Change One Formation If Losing:", " 31 ",
-    "Time To Change One Formation If Drawing:", " 32 ",
-    "Time To Change One Formation If Winning:", " 33 ",
-    "Time To Change One Tactic If Losing:", " 34 ",
-    "Time To Change One Tactic If Drawing:", " 35 ",
+    "Defence:", " 21 ", "Midfield:", " 22 ", "Attack:", " 23 ", "DefAgg:", " 24 ", "MidAgg:", " 25 ",
+    "AttAgg:", " 26 ", "Revolver:", " 27 ", "Snappy:", " 28 ", "Pace:", "-1 ", "PassLength:", " 29 ", "PassHeight:", " 30 ",
+    "Time To Change One:", " 60 ", "Time To Change One Formation If Losing:", " 31 ",
+    "Time To Change One Formation If Drawing:", " 32 ", "Time To Change One Formation If Winning:", " 33 ",
+    "Time To Change One Tactic If Losing:", " 34 ", "Time To Change One Tactic If Drawing:", " 35 ",
     "Time To Change One Tactic If Winning:", " 36 ",
-    "Time To Change Two:", " 75 ",
-    "Time To Change Two Formation If Losing:", " 37 ",
-    "Time To Change Two Formation If Drawing:", " 38 ",
-    "Time To Change Two Formation If Winning:", " 39 ",
-    "Time To Change Two Tactic If Losing:", " 40 ",
-    "Time To Change Two Tactic If Drawing:", " 41 ",
+    "Time To Change Two:", " 75 ", "Time To Change Two Formation If Losing:", " 37 ",
+    "Time To Change Two Formation If Drawing:", " 38 ", "Time To Change Two Formation If Winning:", " 39 ",
+    "Time To Change Two Tactic If Losing:", " 40 ", "Time To Change Two Tactic If Drawing:", " 41 ",
     "Time To Change Two Tactic If Winning:", " 42 ",
-    "Time For Substitution One:", " 65 ",
-    "What To Do If Losing:", " 1111 ",
-    "What To Do If Drawing:", " 2112 ",
+    "Time For Substitution One:", " 65 ", "What To Do If Losing:", " 1111 ", "What To Do If Drawing:", " 2112 ",
     "What To Do If Winning:", " 3113 ",
-    "Time For Substitution Two:", " 80 ",
-    "What To Do If Losing2:", " 1211 ",
-    "What To Do If Drawing2:", " 4113 ",
+    "Time For Substitution Two:", " 80 ", "What To Do If Losing2:", " 1211 ", "What To Do If Drawing2:", " 4113 ",
     "What To Do If Winning2:", " 0 ",
     // Match 2: two shirts still to fill
-    "Match Number:", " 2 ",
-    "Club Name:", "Ashford Athletic",
-    "Password:", "",
-    "Fixture - Cup:",
+    "Match Number:", " 2 ", "Club Name:", "Ashford Athletic", "Password:", "", "Fixture - Cup:",
     "Player:", "Olly Kid", "Field Area 1:", "", "Field Area 2:", "",
     "Player:", "Pat O'Hara", "Field Area 1:", "B1", "Field Area 2:", "",
     "Player:", "Carl Centre", "Field Area 1:", "B2", "Field Area 2:", "",
@@ -132,55 +108,33 @@ const std::vector<std::string> kSheet = {
     "Player:", "Ken Target", "Field Area 1:", "E3", "Field Area 2:", "",
     "Player:", "Ned Youth", "Field Area 1:", "", "Field Area 2:", "",
     "Player:", "", "Field Area 1:", "", "Field Area 2:", "",
-    "Tactics:", " 1 ",
-    "Captain:", " 4 ",
-    "Penalties:", " 11 ",
-    "Corners:", " 6 ",
-    "FreeKicks:", " 10 ",
+    "Tactics:", " 1 ", "Captain:", " 4 ", "Penalties:", " 11 ", "Corners:", " 6 ", "FreeKicks:", " 10 ",
     "Corners Aiming:", " 1 ",
-    "Defence:", " 0 ", "Midfield:", " 0 ", "Attack:", " 0 ",
-    "DefAgg:", " 0 ", "MidAgg:", " 0 ", "AttAgg:", " 0 ",
+    "Defence:", " 0 ", "Midfield:", " 0 ", "Attack:", " 0 ", "DefAgg:", " 0 ", "MidAgg:", " 0 ", "AttAgg:", " 0 ",
     "Revolver:", " 0 ", "Snappy:", " 0 ", "Pace:", " 0 ", "PassLength:", " 0 ", "PassHeight:", " 0 ",
-    "Time To Change One:", " 0 ",
-    "Time To Change One Formation If Losing:", " 0 ",
-    "Time To Change One Formation If Drawing:", " 0 ",
-    "Time To Change One Formation If Winning:", " 0 ",
-    "Time To Change One Tactic If Losing:", " 0 ",
-    "Time To Change One Tactic If Drawing:", " 0 ",
+    "Time To Change One:", " 0 ", "Time To Change One Formation If Losing:", " 0 ",
+    "Time To Change One Formation If Drawing:", " 0 ", "Time To Change One Formation If Winning:", " 0 ",
+    "Time To Change One Tactic If Losing:", " 0 ", "Time To Change One Tactic If Drawing:", " 0 ",
     "Time To Change One Tactic If Winning:", " 0 ",
-    "Time To Change Two:", " 0 ",
-    "Time To Change Two Formation If Losing:", " 0 ",
-    "Time To Change Two Formation If Drawing:", " 0 ",
-    "Time To Change Two Formation If Winning:", " 0 ",
-    "Time To Change Two Tactic If Losing:", " 0 ",
-    "Time To Change Two Tactic If Drawing:", " 0 ",
+    "Time To Change Two:", " 0 ", "Time To Change Two Formation If Losing:", " 0 ",
+    "Time To Change Two Formation If Drawing:", " 0 ", "Time To Change Two Formation If Winning:", " 0 ",
+    "Time To Change Two Tactic If Losing:", " 0 ", "Time To Change Two Tactic If Drawing:", " 0 ",
     "Time To Change Two Tactic If Winning:", " 0 ",
-    "Time For Substitution One:", " 0 ",
-    "What To Do If Losing:", " 0 ",
-    "What To Do If Drawing:", " 0 ",
+    "Time For Substitution One:", " 0 ", "What To Do If Losing:", " 0 ", "What To Do If Drawing:", " 0 ",
     "What To Do If Winning:", " 0 ",
-    "Time For Substitution Two:", " 0 ",
-    "What To Do If Losing2:", " 0 ",
-    "What To Do If Drawing2:", " 0 ",
+    "Time For Substitution Two:", " 0 ", "What To Do If Losing2:", " 0 ", "What To Do If Drawing2:", " 0 ",
     "What To Do If Winning2:", " 0 ",
     // The club's part
-    "Coach Player:", "Alan Keeper", "CoachSkill:", " 2 ",
-    "Coach Player:", "Carl Centre", "CoachSkill:", " 3 ",
-    "Coach Player:", "Gus Engine", "CoachSkill:", " 1 ",
-    "Coach Player:", "Jim Poacher", "CoachSkill:", " 5 ",
-    "Coach Player:", "Olly Kid", "CoachSkill:", " 4 ",
-    "Coach Player:", "Pat O'Hara", "CoachSkill:", " 7 ",
-    "Coach Player:", "Ned Youth", "CoachSkill:", " 6 ",
-    "Coach Player:", "Mo Bench", "CoachSkill:", " 8 ",
-    "PhysioName:", "Ken Target", "PhysioPts:", " 2 ",
-    "PhysioName:", "Len Spare", "PhysioPts:", " 1 ",
+    "Coach Player:", "Alan Keeper", "CoachSkill:", " 2 ", "Coach Player:", "Carl Centre", "CoachSkill:", " 3 ",
+    "Coach Player:", "Gus Engine", "CoachSkill:", " 1 ", "Coach Player:", "Jim Poacher", "CoachSkill:", " 5 ",
+    "Coach Player:", "Olly Kid", "CoachSkill:", " 4 ", "Coach Player:", "Pat O'Hara", "CoachSkill:", " 7 ",
+    "Coach Player:", "Ned Youth", "CoachSkill:", " 6 ", "Coach Player:", "Mo Bench", "CoachSkill:", " 8 ",
+    "PhysioName:", "Ken Target", "PhysioPts:", " 2 ", "PhysioName:", "Len Spare", "PhysioPts:", " 1 ",
     "PhysioName:", "", "PhysioPts:", " 0 ",
-    "OneToOnePlayer:", "Hal Anchor",
-    "One to One Instruction:", " 4 ",
+    "OneToOnePlayer:", "Hal Anchor", "One to One Instruction:", " 4 ",
     "PlayerScout:", "Zed Striker", "ClubScout:", "Harbour Town", "ScoutAgg:", "Aggressive",
     "PlayerScout:", "Yan Keeper", "ClubScout:", "Milltown Rovers", "ScoutAgg:", "Non Aggressive",
-    "PlayerScout:", "", "ClubScout:", "", "ScoutAgg:", "",
-    "PlayerScout:", "", "ClubScout:", "", "ScoutAgg:", "",
+    "PlayerScout:", "", "ClubScout:", "", "ScoutAgg:", "", "PlayerScout:", "", "ClubScout:", "", "ScoutAgg:", "",
     "PlayerMove:", " 2 ", "PlayerMovement:", "Bob Left", "PlayerClubMovement:", "",
     "PlayerFeeMovement:", " 0 ", "PlayerIncentiveMovement:", " 0 ", "PlayerContractsMovement:", " 0 ",
     "PlayerMove:", " 1 ", "PlayerMovement:", "Zed Striker", "PlayerClubMovement:", "Harbour Town",
@@ -193,9 +147,7 @@ const std::vector<std::string> kSheet = {
     "PlayerFeeMovement:", " 0 ", "PlayerIncentiveMovement:", " 0 ", "PlayerContractsMovement:", " 0 ",
     "PlayerMove:", " 0 ", "PlayerMovement:", "", "PlayerClubMovement:", "",
     "PlayerFeeMovement:", " 0 ", "PlayerIncentiveMovement:", " 0 ", "PlayerContractsMovement:", " 0 ",
-    "Messages:", "Good luck all",
-    "Private:", "",
-    "Private Messages:", "See you at the cup draw",
+    "Messages:", "Good luck all", "Private:", "", "Private Messages:", "See you at the cup draw",
 };
 
 // The bytes on disk, built here rather than by the code under test.
@@ -332,6 +284,7 @@ TEST(Turnsheet, SavedOrdersAreFilteredAgainstTheNewSquad) {
     using Lines = std::vector<std::string>;
     const auto none = [](Club&) {};
     const auto same = [](Lines&) {};
+    const auto tactics = [](const Club& c) { return std::to_string(c.Fixtures[0].Tactics); };
     const auto slot = [](int match, int shirt) {
         return [=](const Club& c) { return c.Fixtures[size_t(match - 1)].Slots[size_t(shirt - 1)].Player; };
     };
@@ -379,6 +332,9 @@ TEST(Turnsheet, SavedOrdersAreFilteredAgainstTheNewSquad) {
              return s;
          },
          "Zed Striker/A;Yan Keeper/N;/A;/A;"},
+        // Match 1's "Tactics:" value is line 97; it is stored one lower, never below zero.
+        {"tactics 0 stays 0", none, [](Lines& l) { l[96] = " 0 "; }, tactics, "0"},
+        {"negative tactics read as 0", none, [](Lines& l) { l[96] = "-3 "; }, tactics, "0"},
         {"match beyond the fixtures is dropped and the club's part still reads",
          [](Club& c) {
              c.Fixtures.resize(1);
@@ -400,18 +356,6 @@ TEST(Turnsheet, SavedOrdersAreFilteredAgainstTheNewSquad) {
         Club read;
         ASSERT_NO_THROW(read = readSheet(club, lines)) << c.name;
         EXPECT_EQ(c.observe(read), c.want) << c.name;
-    }
-}
-
-TEST(Turnsheet, TacticsIsStoredOneLowerButNeverBelowZero) {
-    struct Case {
-        const char* written;
-        int16_t stored;
-    } cases[] = {{" 0 ", 0}, {"1", 0}, {" 5 ", 4}, {"-3 ", 0}};
-    for (const Case& c : cases) {
-        std::vector<std::string> lines = kSheet;
-        lines[96] = c.written;  // match 1's "Tactics:" value, line 97
-        EXPECT_EQ(readSheet(squad(), lines).Fixtures[0].Tactics, c.stored) << c.written;
     }
 }
 
@@ -462,62 +406,49 @@ TEST(Turnsheet, FileNotOfTheFormatNamesTheLine) {
     }
 }
 
-TEST(TurnsheetSave, WritesEveryClubInOrderIntoTheExistingFolder) {
+TEST(TurnsheetSave, WritesEveryClubInOrderAndAFailedWriteLeavesTheOldFileWhole) {
     TempDir dir;
-    // The folder and the old file in another case are the ones written to.
-    dir.write("TURNSHEET/ASHFORD.TXT", "old orders\r\n");
     Club second = squad();
     second.Name = "Brook United";
     second.ClubFile = "brook";
-    Session s = sessionIn(dir, {readSheet(squad(), kSheet), second});
-    s.TurnChanged = true;
-    RecordingMessages messages;
-
-    const std::vector<fs::path> paths = saveTurnsheets(s, messages);
-
-    ASSERT_EQ(paths.size(), 2u);
-    EXPECT_EQ(paths[0], dir.path() / "TURNSHEET" / "ASHFORD.TXT");
-    EXPECT_EQ(paths[1], dir.path() / "TURNSHEET" / "brook.txt");
-    const std::map<std::string, std::string> want = {{"TURNSHEET/ASHFORD.TXT", bytesOf(kSheet)},
-                                                     {"TURNSHEET/brook.txt", turnsheetText(second)}};
-    EXPECT_EQ(test::filesBelow(dir.path()), want);
-    EXPECT_FALSE(s.TurnChanged);
-    EXPECT_TRUE(messages.entries.empty());
-}
-
-TEST(TurnsheetSave, FailedWriteLeavesTheOldFileWholeAndNoTemporaryFile) {
-    TempDir dir;
-    dir.write("Turnsheet/brook.txt", "old brook\r\n");
-    Club second = squad();
-    second.ClubFile = "brook";
     second.Messages = "new orders";
-
+    const std::vector<fs::path> allPaths = {dir.path() / "TURNSHEET" / "ASHFORD.TXT",
+                                            dir.path() / "TURNSHEET" / "brook.txt"};
     struct Case {
-        const char* name;
-        const char* failOn;  // file whose write fails
-        const char* wantAshford;
+        const char* failOn;  // file whose write fails, or none
+        const char* wantAshford;  // null: the new orders
         const char* wantBrook;
     } cases[] = {
-        {"first club fails", "ashford.txt", "old ashford\r\n", "old brook\r\n"},
-        {"second club fails after the first is written", "brook.txt", nullptr, "old brook\r\n"},
+        {nullptr, nullptr, nullptr},
+        {"ASHFORD.TXT", "old ashford\r\n", "old brook\r\n"},
+        {"brook.txt", nullptr, "old brook\r\n"},  // the first club's file stays written
     };
     for (const Case& c : cases) {
-        dir.write("Turnsheet/ashford.txt", "old ashford\r\n");
+        SCOPED_TRACE(c.failOn ? c.failOn : "no failure");
+        // The folder and the old file in another case are the ones written to.
+        dir.write("TURNSHEET/ASHFORD.TXT", "old ashford\r\n");
+        dir.write("TURNSHEET/brook.txt", "old brook\r\n");
         Session s = sessionIn(dir, {readSheet(squad(), kSheet), second});
         s.TurnChanged = true;
         RecordingMessages messages;
         FaultHookReset reset;
-        const std::string failOn = c.failOn;
         atomicWriteFaultHook = [&](const fs::path& tmp) {
-            if (tmp.filename().string().find(failOn) != std::string::npos) throw WriteError(tmp.string(), "disk full");
+            if (c.failOn && tmp.filename().string().find(c.failOn) != std::string::npos)
+                throw WriteError(tmp.string(), "disk full");
         };
-        EXPECT_THROW(saveTurnsheets(s, messages), WriteError) << c.name;
+        std::vector<fs::path> paths;
+        if (c.failOn)
+            EXPECT_THROW(saveTurnsheets(s, messages), WriteError);
+        else
+            paths = saveTurnsheets(s, messages);
         atomicWriteFaultHook = nullptr;
         const std::map<std::string, std::string> want = {
-            {"Turnsheet/ashford.txt", c.wantAshford ? c.wantAshford : bytesOf(kSheet)},
-            {"Turnsheet/brook.txt", c.wantBrook}};
-        EXPECT_EQ(test::filesBelow(dir.path()), want) << c.name;  // no temporary file either
-        EXPECT_TRUE(s.TurnChanged) << c.name << ": the orders are not all on disk";
+            {"TURNSHEET/ASHFORD.TXT", c.wantAshford ? c.wantAshford : bytesOf(kSheet)},
+            {"TURNSHEET/brook.txt", c.wantBrook ? c.wantBrook : turnsheetText(second)}};
+        EXPECT_EQ(test::filesBelow(dir.path()), want);  // no temporary file either
+        EXPECT_EQ(paths, c.failOn ? std::vector<fs::path>{} : allPaths);
+        EXPECT_EQ(s.TurnChanged, c.failOn != nullptr) << "true while orders are not all on disk";
+        EXPECT_TRUE(messages.entries.empty());
     }
 }
 
