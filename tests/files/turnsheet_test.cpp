@@ -180,13 +180,8 @@ std::string physioText(const Club& c) {
     return s;
 }
 
-Player& named(Club& c, const char* name) {
-    return c.Players[size_t(c.findPlayer(name) - 1)];
-}
-
-void removePlayer(Club& c, const char* name) {
-    c.Players.erase(c.Players.begin() + (c.findPlayer(name) - 1));
-}
+Player& named(Club& c, const char* name) { return c.Players[size_t(c.findPlayer(name) - 1)]; }
+void removePlayer(Club& c, const char* name) { c.Players.erase(c.Players.begin() + (c.findPlayer(name) - 1)); }
 
 struct FaultHookReset {
     ~FaultHookReset() { atomicWriteFaultHook = nullptr; }
@@ -200,7 +195,6 @@ Session sessionIn(const TempDir& dir, std::vector<Club> clubs) {
     s.Prefs.SaveProf = 1;
     return s;
 }
-
 
 }  // namespace
 
@@ -232,15 +226,12 @@ TEST(Turnsheet, HandWrittenSheetReadsIntoTheClubAndSavesToTheSameBytes) {
     };
     for (const Check& c : checks) EXPECT_EQ(c.got, c.want) << c.what;
 
-    EXPECT_EQ(club.BettingOrder, "Home win 500");
-    EXPECT_EQ(club.CapacityOrder, "Upgrade 2000");
-    EXPECT_EQ(m1.Slots[12].Player, "Jos\xE9 Cruz");
-    EXPECT_EQ(m2.Slots[6].Player, "");
-    EXPECT_EQ(coachText(club.MidfieldSenior), "Gus Engine|1");
-    EXPECT_EQ(coachText(club.AttackYouth), "Mo Bench|8");
-    EXPECT_EQ(club.OneToOnePlayer, "Hal Anchor");
-    EXPECT_EQ(club.Messages, "Good luck all");
-    EXPECT_EQ(club.PrivateMessages, "See you at the cup draw");
+    const std::vector<std::string> texts = {club.BettingOrder, club.CapacityOrder, m1.Slots[12].Player,
+                                            m2.Slots[6].Player, coachText(club.MidfieldSenior),
+                                            coachText(club.AttackYouth), club.OneToOnePlayer, club.Messages,
+                                            club.PrivateMessages};
+    EXPECT_EQ(texts, (std::vector<std::string>{"Home win 500", "Upgrade 2000", "Jos\xE9 Cruz", "", "Gus Engine|1",
+                                               "Mo Bench|8", "Hal Anchor", "Good luck all", "See you at the cup draw"}));
 
     EXPECT_EQ(turnsheetText(club), bytesOf(kSheet));
 }
