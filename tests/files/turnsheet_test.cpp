@@ -80,7 +80,8 @@ const std::vector<std::string> kSheet = {
     "Tactics:", " 3 ", "Captain:", " 7 ", "Penalties:", " 10 ", "Corners:", " 6 ", "FreeKicks:", " 9 ",
     "Corners Aiming:", " 2 ",
     "Defence:", " 21 ", "Midfield:", " 22 ", "Attack:", " 23 ", "DefAgg:", " 24 ", "MidAgg:", " 25 ",
-    "AttAgg:", " 26 ", "Revolver:", " 27 ", "Snappy:", " 28 ", "Pace:", "-1 ", "PassLength:", " 29 ", "PassHeight:", " 30 ",
+    "AttAgg:", " 26 ", "Revolver:", " 27 ", "Snappy:", " 28 ", "Pace:", "-1 ", "PassLength:", " 29 ",
+    "PassHeight:", " 30 ",
     "Time To Change One:", " 60 ", "Time To Change One Formation If Losing:", " 31 ",
     "Time To Change One Formation If Drawing:", " 32 ", "Time To Change One Formation If Winning:", " 33 ",
     "Time To Change One Tactic If Losing:", " 34 ", "Time To Change One Tactic If Drawing:", " 35 ",
@@ -231,7 +232,8 @@ TEST(Turnsheet, HandWrittenSheetReadsIntoTheClubAndSavesToTheSameBytes) {
                                             coachText(club.AttackYouth), club.OneToOnePlayer, club.Messages,
                                             club.PrivateMessages};
     EXPECT_EQ(texts, (std::vector<std::string>{"Home win 500", "Upgrade 2000", "Jos\xE9 Cruz", "", "Gus Engine|1",
-                                               "Mo Bench|8", "Hal Anchor", "Good luck all", "See you at the cup draw"}));
+                                               "Mo Bench|8", "Hal Anchor", "Good luck all",
+                                               "See you at the cup draw"}));
 
     EXPECT_EQ(turnsheetText(club), bytesOf(kSheet));
 }
