@@ -6,6 +6,7 @@
 #include <regex>
 #include <set>
 #include <thread>
+#include <tuple>
 
 #include "core/clubview.h"
 #include "core/gamefolder.h"
@@ -29,12 +30,27 @@ MailOptions quick() {
     return o;
 }
 
-// A small game folder of two clubs with nothing left incomplete.
-Session twoClubs(const fs::path& folder) {
+// Unencrypted settings for a server, as only this machine may have them.
+MailSettings plain(const std::string& server, int port) {
+    MailSettings s;
+    s.Server = server;
+    s.Port = port;
+    s.Security = MailSecurity::None;
+    s.Sender = "manager@club.example";
+    return s;
+}
+
+// A game folder with no club, then one of two clubs with nothing left incomplete.
+Session noClubs(const fs::path& folder) {
     Session s;
     s.Folder = GameFolder(folder);
     s.Game.GameName = "Kestrin Cup";
     s.Game.AdminAddress = "admin@league.example";
+    return s;
+}
+
+Session twoClubs(const fs::path& folder) {
+    Session s = noClubs(folder);
     for (const char* name : {"Ashford Athletic", "Bramley Town"}) {
         Club c;
         c.Name = name;
@@ -65,10 +81,7 @@ std::string lastShown(const RecordingMessages& m) {
 
 TEST(MailMessages, TurnsheetsBecomeMessagesOfTheirFiles) {
     TempDir dir;
-    Session s;
-    s.Folder = GameFolder(dir.path());
-    s.Game.GameName = "Kestrin Cup";
-    s.Game.AdminAddress = "admin@league.example";
+    const Session s = noClubs(dir.path());
     // Listed without regard to case: a.txt before B.txt before c.txt.
     dir.write("Turnsheet/B.txt", "League Number\r\nDivision 3\r\nBetting:\r\n\r\nMatch Number:\r\n 1 \r\nClub Name:\r\n"
                                  "Bramley Town\r\nPassword:\r\n\r\nClub Name:\r\nBramley Town\r\n");
@@ -90,9 +103,7 @@ TEST(MailMessages, TurnsheetsBecomeMessagesOfTheirFiles) {
 
 TEST(MailMessages, NoTurnsheetSendsNothingAndStillSaysSent) {
     TempDir dir;
-    Session s;
-    s.Folder = GameFolder(dir.path());
-    s.Game.GameName = "Kestrin Cup";
+    Session s = noClubs(dir.path());
     RecordingMessages m;
     // No mail server is set up, which doesn't matter when there is nothing to send.
     EXPECT_TRUE(sendTurnsheets(s, MailSettings{}, quick(), m));
@@ -172,13 +183,12 @@ TEST(MailSettingsFile, WrittenAndReadBack) {
     // unknown security the safe one.
     fs::remove(dir.path() / "mail.ini");
     dir.write("MAIL.INI", "Server = mx.local\nSecurity=none\nPort=abc\nColour=blue\n");
-    MailSettings edited = readMailSettings(folder);
-    EXPECT_EQ(edited.Server, "mx.local");
-    EXPECT_EQ(edited.Security, MailSecurity::None);
-    EXPECT_EQ(edited.Port, 25);
+    const MailSettings edited = readMailSettings(folder);
+    EXPECT_EQ(std::tie(edited.Server, edited.Security, edited.Port),
+              std::make_tuple("mx.local", MailSecurity::None, 25));
     dir.write("MAIL.INI", "Security=sometimes\n");
-    EXPECT_EQ(readMailSettings(folder).Security, MailSecurity::StartTls);
-    EXPECT_EQ(readMailSettings(folder).Port, 587);
+    const MailSettings unknown = readMailSettings(folder);
+    EXPECT_EQ(std::tie(unknown.Security, unknown.Port), std::make_tuple(MailSecurity::StartTls, 587));
 }
 
 // ---- Against a real server ---------------------------------------------------
@@ -306,11 +316,7 @@ TEST(MailServer, LoginEncryptionAndFailures) {
 TEST(MailServer, SilentServerTimesOutAndCancelStops) {
     SilentServer silent;
     ASSERT_NE(silent.port(), 0);
-    MailSettings settings;
-    settings.Server = "127.0.0.1";
-    settings.Port = silent.port();
-    settings.Security = MailSecurity::None;
-    settings.Sender = "manager@club.example";
+    const MailSettings settings = plain("127.0.0.1", silent.port());
     const std::vector<MailMessage> mail = {{"admin@league.example", "S", "B"}};
 
     MailOptions o;
@@ -353,13 +359,8 @@ TEST(MailServer, NoEncryptionOnlyOnThisMachine) {
     for (const Case& c : cases) {
         EXPECT_EQ(isLocalServer(c.server), c.local) << c.server;
         if (c.local) continue;
-        MailSettings settings;
-        settings.Server = c.server;
-        settings.Port = 25;
-        settings.Security = MailSecurity::None;
-        settings.Sender = "manager@club.example";
         const auto start = std::chrono::steady_clock::now();
-        const MailOutcome out = sendMail(settings, {{"admin@league.example", "S", "B"}}, quick());
+        const MailOutcome out = sendMail(plain(c.server, 25), {{"admin@league.example", "S", "B"}}, quick());
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
         EXPECT_EQ(out.Status, MailStatus::Refused) << c.server;
         EXPECT_EQ(out.Reason, "the mail settings ask for no encryption, which is allowed only for a server on this "
@@ -368,12 +369,8 @@ TEST(MailServer, NoEncryptionOnlyOnThisMachine) {
 
     TempDir game;
     Session s = twoClubs(game.path());
-    MailSettings settings;
-    settings.Server = "mail.example.org";
-    settings.Security = MailSecurity::None;
-    settings.Sender = "manager@club.example";
     RecordingMessages m;
-    EXPECT_FALSE(sendTurnsheets(s, settings, quick(), m));
+    EXPECT_FALSE(sendTurnsheets(s, plain("mail.example.org", 587), quick(), m));
     EXPECT_EQ(lastShown(m),
               "Refuse|Turnsheet not sent|The turnsheets were not sent: the mail settings ask for no encryption, which is "
               "allowed only for a server on this machine, not for mail.example.org.\r\n\r\nYour turnsheets have been "
