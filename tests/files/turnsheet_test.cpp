@@ -434,7 +434,6 @@ TEST(TurnsheetSave, WritesEveryClubInOrderAndAFailedWriteLeavesTheOldFileWhole) 
             EXPECT_THROW(saveTurnsheets(s, messages), WriteError);
         else
             paths = saveTurnsheets(s, messages);
-        atomicWriteFaultHook = nullptr;
         const std::map<std::string, std::string> want = {
             {"TURNSHEET/ASHFORD.TXT", c.wantAshford ? c.wantAshford : bytesOf(kSheet)},
             {"TURNSHEET/brook.txt", c.wantBrook ? c.wantBrook : turnsheetText(second)}};
