@@ -164,11 +164,7 @@ const Player kNyberg{
     .CareerExtraA = 0, .CareerExtraB = 0, .LastShirt = 1, .Portrait = {2, 2, 2, 2, 2, 2, 2, 2}};
 
 Fixture match(const char* venue, const char* opponent, const char* competition) {
-    Fixture f;
-    f.Venue = venue;
-    f.Opponent = opponent;
-    f.Competition = competition;
-    return f;
+    return {.Venue = venue, .Competition = competition, .Opponent = opponent};
 }
 
 // 1-based line editing of a sample.

@@ -40,15 +40,8 @@ Club squad() {
         member("Jos\xE9 Cruz", "STRL"), member("Ned Youth", "MIDC", 17), member("Olly Kid", "AGKP", 17),
         member("Pat O'Hara", "DEFR"),  member("Mo Bench", "STRR"),
     };
-    Fixture home;
-    home.Venue = "H";
-    home.Competition = "League";
-    home.Opponent = "Harbour Town";
-    Fixture away;
-    away.Venue = "A";
-    away.Competition = "Cup";
-    away.Opponent = "Milltown Rovers";
-    c.Fixtures = {home, away};
+    c.Fixtures = {Fixture{.Venue = "H", .Competition = "League", .Opponent = "Harbour Town"},
+                  Fixture{.Venue = "A", .Competition = "Cup", .Opponent = "Milltown Rovers"}};
     c.FixtureCount = 2;
     return c;
 }
