@@ -496,32 +496,28 @@ TEST(TurnsheetCheck, IncompleteMatchesAreListedOncePerMatch) {
 }
 
 TEST(TurnsheetSave, SavePromptAsksOnceAndSavesOnYes) {
+    using Files = std::map<std::string, std::string>;
     const std::string text = "Changes have been made to the turnsheet\r\n\r\nDo you want to save the turnsheet ?";
-    struct Case {
-        bool answer;
-        bool saved;
-    } cases[] = {{true, true}, {false, false}};
-    for (const Case& c : cases) {
+    for (const bool yes : {true, false}) {
+        SCOPED_TRACE(yes ? "yes" : "no");
         TempDir dir;
         Session s = sessionIn(dir, {readSheet(squad(), kSheet)});
         s.TurnChanged = true;
         RecordingMessages messages;
-        messages.answers = {c.answer, true};
+        messages.answers = {yes, true};
         savePrompt(s, messages);
         EXPECT_EQ(test::shown(messages), std::vector<std::string>{"Ask|Save Changes ?|" + text});
         EXPECT_TRUE(s.SavePromptDone);
         EXPECT_FALSE(s.TurnChanged);
-        EXPECT_EQ(fs::exists(dir.path() / "Turnsheet" / "ashford.txt"), c.saved) << c.answer;
-        if (c.saved) {
-            EXPECT_EQ(dir.read("Turnsheet/ashford.txt"), bytesOf(kSheet));
-        }
+        const Files saved = {{"Turnsheet/ashford.txt", bytesOf(kSheet)}};
+        EXPECT_EQ(test::filesBelow(dir.path()), yes ? saved : Files{});
 
         // A second close in the same session asks nothing and saves nothing.
         fs::remove_all(dir.path() / "Turnsheet");
         s.TurnChanged = true;
         savePrompt(s, messages);
         EXPECT_EQ(messages.entries.size(), 1u);
-        EXPECT_FALSE(fs::exists(dir.path() / "Turnsheet")) << c.answer;
+        EXPECT_EQ(test::filesBelow(dir.path()), Files{});
         EXPECT_TRUE(s.TurnChanged);
     }
 }
