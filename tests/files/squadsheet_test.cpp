@@ -379,6 +379,16 @@ TEST(Squadsheet, RefusesABadFileNamingLineAndField) {
     }
 }
 
+TEST(Squadsheet, ErrorTellsTheManagerWhereInPlainWords) {
+    try {
+        read(edited(setLine(3, "CLUB COLOURS Red / Number of credits = twelve / Stamp credits = 3")));
+        FAIL() << "read without complaint";
+    } catch (const GameFileError& e) {
+        EXPECT_STREQ(e.what(),
+                     "Squadsheets/KESTRELsquad.txt: line 3 should hold a number for Credits but holds \"twelve\"");
+    }
+}
+
 TEST(Squadsheet, ClubFileIsTheNameUpToSqu) {
     EXPECT_EQ(clubFileFromName("KESTRELsquad.txt"), "KESTREL");
     EXPECT_EQ(clubFileFromName("kestrelSQU.TXT"), "kestrel");
