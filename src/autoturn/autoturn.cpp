@@ -93,10 +93,7 @@ RandomSource defaultRandomSource(unsigned seed) {
     return [engine] { return std::uniform_real_distribution<double>(0.0, 1.0)(*engine); };
 }
 
-bool statsDatabaseExists(const Session& session) {
-    std::error_code ec;
-    return !session.Prefs.StatsFile.empty() && fs::is_regular_file(fs::path(session.Prefs.StatsFile), ec);
-}
+bool statsDatabaseExists(const Session& session) { return stats::statsFileExists(session.Prefs); }
 
 std::vector<ClubRun> runAutoTurn(Session& session, const AutoTurnOptions& options, SQLite::Database* stats,
                                  Messages& messages, const RandomSource& rnd, const AutoTurnProgress& progress) {

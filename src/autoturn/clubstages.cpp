@@ -87,28 +87,21 @@ int16_t coachingSkillValue(const Player& p, int number) {
     return 0;
 }
 
+// By coaching department: the core skills in the order they are tried, and
+// the coach whose level they must stay below.
 struct Department {
-    std::string_view head;  // the position's first three letters
-    std::vector<int> core;  // the core skills in the order they are tried
+    std::vector<int> core;
     int16_t Club::*coach;
-    int order;  // the senior order's index in Turnsheet order; the youth's is four on
 };
 
 const std::array<Department, 4>& departments() {
     static const std::array<Department, 4> d = {{
-        {"AGK", {5, 7, 8, 3, 1, 9}, &Club::GoalkeeperCoach, 0},
-        {"DEF", {3, 7, 9, 4, 2, 1}, &Club::DefenceCoach, 1},
-        {"MID", {1, 2, 4, 9, 6}, &Club::MidfieldCoach, 2},
-        {"STR", {5, 8, 9, 4, 2}, &Club::AttackCoach, 3},
+        {{5, 7, 8, 3, 1, 9}, &Club::GoalkeeperCoach},
+        {{3, 7, 9, 4, 2, 1}, &Club::DefenceCoach},
+        {{1, 2, 4, 9, 6}, &Club::MidfieldCoach},
+        {{5, 8, 9, 4, 2}, &Club::AttackCoach},
     }};
     return d;
-}
-
-const Department* departmentOf(const Player& p) {
-    const std::string_view head = std::string_view(p.Position).substr(0, 3);
-    for (const Department& d : departments())
-        if (d.head == head) return &d;
-    return nullptr;
 }
 
 constexpr std::array<int, 9> kAllCoachingSkills = {1, 2, 3, 4, 5, 6, 7, 8, 9};
@@ -237,10 +230,11 @@ void autoCoaching(Club& club, const ShirtPlayers& shirts, const std::vector<Hist
             for (size_t i = 0; i < club.Players.size(); ++i) {
                 const Player& p = club.Players[i];
                 if (p.Age >= 33) continue;
-                const Department* d = departmentOf(p);
-                if (!d) continue;
+                const int department = coachingDepartment(p.Position);
+                if (department < 0) continue;
+                const Department* d = &departments()[size_t(department)];
                 const bool senior = p.Age >= 18;
-                if (!club.coachOrder(d->order + (senior ? 0 : 4)).Player.empty()) continue;
+                if (!club.coachOrder(department + (senior ? 0 : 4)).Player.empty()) continue;
                 if (shirtsOnly && std::find(shirts.begin(), shirts.end(), int(i) + 1) == shirts.end()) continue;
                 if (skillPointsToNextLevel(p) != distance) continue;
                 const int16_t level = club.*(d->coach);

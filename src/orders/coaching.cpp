@@ -11,11 +11,7 @@
 
 namespace kestrin {
 
-namespace {
-
-// Department 0 to 3 (goalkeeping, defence, midfield, attack) by the first
-// three letters of a position; -1 for any other.
-int departmentOfPosition(std::string_view position) {
+int coachingDepartment(std::string_view position) {
     std::string_view head = position.substr(0, 3);
     if (head == "AGK") return 0;
     if (head == "DEF") return 1;
@@ -23,6 +19,8 @@ int departmentOfPosition(std::string_view position) {
     if (head == "STR") return 3;
     return -1;
 }
+
+namespace {
 
 // The order lists write attack as "ATT" although the grid's positions say "STR".
 constexpr std::array<std::string_view, 4> kLineDepartments = {"AGK", "DEF", "MID", "ATT"};
@@ -74,7 +72,7 @@ OrderResult coachPlayer(Club& club, CoachLevel level, std::string_view rowText, 
     if (player.Injury > 9)
         return OrderResult::refuse("Injured player selected", name + " is injured and cannot be coached this week");
 
-    const int dept = departmentOfPosition(player.Position);
+    const int dept = coachingDepartment(player.Position);
     if (dept < 0) return OrderResult::accept();  // no department: nothing to order, nothing to say
     const int index = dept + (senior ? 0 : 4);
     CoachOrder& order = club.coachOrder(index);

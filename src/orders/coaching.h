@@ -19,6 +19,11 @@ enum class CoachLevel { Senior, Youth };
 inline constexpr std::array<std::string_view, 9> kCoachingSkillNames = {
     "Pass", "Control", "Tackle", "Run", "Shoot", "Dribble", "DefHd", "OffHd", "Strength"};
 
+// The coaching department of a position by its first three letters: 0 to 3
+// for goalkeeping, defence, midfield and attack (the senior coach order of
+// that index, the youth order four on); -1 for any other position.
+int coachingDepartment(std::string_view position);
+
 // Code 1 to 9 of a grid column head, 0 when the column is no coachable skill.
 int coachingSkillCode(std::string_view columnHead);
 // The name of a code, "" for a code outside 1 to 9.

@@ -4,10 +4,14 @@
 
 namespace kestrin::stats {
 
+bool statsFileExists(const Settings& settings) {
+    std::error_code ec;
+    return !settings.StatsFile.empty() && std::filesystem::is_regular_file(settings.StatsFile, ec);
+}
+
 std::optional<ReadableStats> openStatsForReading(const Settings& settings, Messages& messages,
                                                  const std::string& missingTitle, MissingSign sign) {
-    std::error_code ec;
-    if (settings.StatsFile.empty() || !std::filesystem::is_regular_file(settings.StatsFile, ec)) {
+    if (!statsFileExists(settings)) {
         if (sign == MissingSign::Stop) messages.refuse(missingTitle, kNeedDatabaseText);
         else messages.inform(missingTitle, kNeedDatabaseText);
         return std::nullopt;

@@ -25,6 +25,9 @@ struct ReadableStats {
 // How a missing file is told: with a stop sign, or as a plain message.
 enum class MissingSign { Stop, None };
 
+// Whether settings.StatsFile names a file that is there.
+bool statsFileExists(const Settings& settings);
+
 // settings.StatsFile opened read-only. Nothing, after a message, when the file
 // isn't there (under `missingTitle`) or isn't a Stats database of ours.
 std::optional<ReadableStats> openStatsForReading(const Settings& settings, Messages& messages,
